@@ -11,12 +11,13 @@ class KivOmbiBoolean;
 // down to Nil (no value is possible).
 //
 // Every Calc operation narrows one domain, its target: the receiver of a forward operation, the
-// non-const operand of an inverse one. It returns 0 when the target was left as it was and 1 when it
-// was narrowed or made Nil. An operation that a kind does not implement narrows nothing and returns 0.
+// non-const operand of an inverse one. It returns 0 when the target was left as it was and 1 when
+// it was narrowed or made Nil. An operation that a kind does not implement narrows nothing and
+// returns 0.
 class KIV_EXPORT KivOmbiAny : public KivOmbiObject {
  public:
   // The part that Bisect hands over.
-  enum ValueSelection { kLowerHalf = 0, kUpperHalf = 1, kSmallest = 2, kGreatest = 3 };
+  enum ValueSelection : int { kLowerHalf = 0, kUpperHalf = 1, kSmallest = 2, kGreatest = 3 };
 
   ~KivOmbiAny() override;
 
@@ -24,7 +25,8 @@ class KIV_EXPORT KivOmbiAny : public KivOmbiObject {
   static const char CastableIdent[];
   int IsDerivedFrom(const char* ident) const override;
 
-  // Reads a value in text form. A failure shows in the stream's state. The type itself reads nothing.
+  // Reads a value in text form. A failure shows in the stream's state. The type itself reads
+  // nothing.
   virtual void InputValue(Kivistrstream& in);
 
   // Replaces this domain by the conversion of `x`.

@@ -33,9 +33,13 @@ class KIV_EXPORT KivOmbiInteger : public KivOmbiNumber {
   virtual int RemoveExactValue(std::int32_t value) = 0;
   virtual std::int32_t GetLowerBound() const = 0;
   virtual std::int32_t GetUpperBound() const = 0;
-  // The least possible value above `value`, the greatest below it.
+  // The least possible value above `value`, the greatest below it; where there is none, some number
+  // that is not possible.
   virtual std::int32_t GetNextExactValue(std::int32_t value) const = 0;
   virtual std::int32_t GetPrevExactValue(std::int32_t value) const = 0;
+
+  // Whether `value` is possible.
+  bool MayBe(std::int32_t value) const;
 
  protected:
   KivOmbiInteger() = default;

@@ -9,8 +9,8 @@
 #include "framework/calculator/domain_summary.h"
 #include "framework/calculator/object.h"
 
-// What the framework knows of a kind of object: its name in models, its place below other kinds, and
-// how to size, construct and destroy its objects in memory of the framework.
+// What the framework knows of a kind of object: its name in models, its place below other kinds,
+// and how to size, construct and destroy its objects in memory of the framework.
 class KIV_EXPORT KivOmbiObjectDescriptor : public KivOmbiBase {
  public:
   // `flags` is reserved and 0.
@@ -58,8 +58,8 @@ class KIV_EXPORT KivOmbiObjectDescriptor : public KivOmbiBase {
   const KivOmbiObjectDescriptor* parent_ = nullptr;
 };
 
-// How an operator hands its written operands and its result to its constraint: the argument at which
-// the first operand, the second operand and the result arrive.
+// How an operator hands its written operands and its result to its constraint: the argument at
+// which the first operand, the second operand and the result arrive.
 struct KivOmbiArgumentOrder {
   static constexpr unsigned kNone = ~0u;
   unsigned left = 0;
@@ -70,27 +70,31 @@ struct KivOmbiArgumentOrder {
 // What is known of a class of constraints before one is made.
 class KIV_EXPORT KivOmbiConstraintDescriptor : public KivOmbiObjectDescriptor {
  public:
-  // `can_propagate`: whether the class narrows its arguments. One that does not only tests the
-  // relation once all of them are fixed.
-  KivOmbiConstraintDescriptor(const KivString& name, unsigned arguments, bool can_propagate);
+  // `optional`: how many of the last `arguments` may be left out. `can_propagate`: whether the
+  // class narrows its arguments; one that does not only tests the relation once all of them are
+  // fixed.
+  KivOmbiConstraintDescriptor(const KivString& name, unsigned arguments, unsigned optional,
+                              bool can_propagate);
 
+  unsigned GetOptionalArguments() const noexcept { return optional_; }
   bool CanPropagate() const noexcept { return can_propagate_; }
   unsigned GetNumberOfArguments() const override;
   std::int64_t GetArgumentsSize() const override;
 
  private:
   unsigned arguments_;
+  unsigned optional_;
   bool can_propagate_;
 };
 
 // An operator over given kinds: one row of the vocabulary. Its name is the operator's symbol.
 class KIV_EXPORT KivOmbiCompoundObjectDescriptor : public KivOmbiObjectDescriptor {
  public:
-  // `kinds` in the order of the factory named `factory`; the last is the carrier. `operands` of them
-  // are operands; `result` is the position of the result's kind.
+  // `kinds` in the order of the factory named `factory`; the last is the carrier. `operands` of
+  // them are operands; `result` is the position of the result's kind.
   KivOmbiCompoundObjectDescriptor(const KivString& symbol, const char* factory,
-                                  std::vector<const KivOmbiObjectDescriptor*> kinds, unsigned operands,
-                                  unsigned result, KivOmbiArgumentOrder order,
+                                  std::vector<const KivOmbiObjectDescriptor*> kinds,
+                                  unsigned operands, unsigned result, KivOmbiArgumentOrder order,
                                   const KivOmbiObjectDescriptor* constraint);
 
   static const char CastableIdent[];

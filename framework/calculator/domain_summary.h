@@ -24,19 +24,18 @@ struct KivOmbiDomainSummary {
 };
 
 // How a domain changed, as bits; a change sets every bit that applies.
-enum KivOmbiEvent : std::int64_t {
-  kKivFixed = 1,    // one value is left
-  kKivBounds = 2,   // a bound moved
-  kKivValues = 4,   // some value was lost: set at every change
-  kKivEmptied = 8,  // no value is left
-  kKivAnyEvent = kKivFixed | kKivBounds | kKivValues | kKivEmptied,
-};
+using KivOmbiEvent = std::int64_t;
+inline constexpr KivOmbiEvent kKivFixed = 1;    // one value is left
+inline constexpr KivOmbiEvent kKivBounds = 2;   // a bound moved
+inline constexpr KivOmbiEvent kKivValues = 4;   // some value was lost: set at every change
+inline constexpr KivOmbiEvent kKivEmptied = 8;  // no value is left
+inline constexpr KivOmbiEvent kKivAnyEvent = 15;
 
 // The events that lead from `before` to `after`; 0 when they are equal.
-inline std::int64_t KivOmbiEvents(const KivOmbiDomainSummary& before,
+inline KivOmbiEvent KivOmbiEvents(const KivOmbiDomainSummary& before,
                                   const KivOmbiDomainSummary& after) noexcept {
   if (before == after) return 0;
-  std::int64_t events = kKivValues;
+  KivOmbiEvent events = kKivValues;
   if (before.lower != after.lower || before.upper != after.upper) events |= kKivBounds;
   if (after.IsFixed()) events |= kKivFixed;
   if (after.IsNil()) events |= kKivEmptied;

@@ -45,9 +45,9 @@ using KivOmbiInitModule = int (*)(KivOmbiModule* module, KivOmbiModuleManager* m
 // Opens modules by name. Each is loaded and initialised once per process and never unloaded; all
 // managers share it. Safe to use from several threads, each with its own manager.
 //
-// The module "X" is the library libX.so: the one that is in the process already, else the first found
-// in the absolute folders of KIV_MODULE_PATH (separated by colons) and in the folder that holds the
-// framework's own library. The working directory is never searched.
+// The module "X" is the library libX.so: the one that is in the process already, else the first
+// found in the absolute folders of KIV_MODULE_PATH (separated by colons) and in the folder that
+// holds the framework's own library. The working directory is never searched.
 class KIV_EXPORT KivOmbiModuleManager {
  public:
   KivOmbiModuleManager();

@@ -4,7 +4,7 @@ namespace {
 
 thread_local int error_indicator = 0;
 
-SubIntBase InfinityOfSign(std::int64_t sign) noexcept {
+SubIntBase InfinityOfSign(int sign) noexcept {
   return sign < 0 ? SubIntBase::kMin : SubIntBase::kMax;
 }
 

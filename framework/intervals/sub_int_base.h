@@ -1,13 +1,14 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <type_traits>
 
 #include "framework/base/export.h"
 
 // An integer of the symmetric range [kMin, kMax] with saturating arithmetic. The two ends stand for
-// minus and plus infinity, all other values are finite. The range is symmetric so that negation maps
-// it onto itself; the one 32-bit integer outside it, -2147483648, is taken to kMin.
+// minus and plus infinity, all other values are finite. The range is symmetric so that negation
+// maps it onto itself; the one 32-bit integer outside it, -2147483648, is taken to kMin.
 class SubIntBase {
  public:
   static constexpr std::int32_t kMin = -2147483647;
@@ -36,15 +37,15 @@ class SubIntBase {
 
 static_assert(sizeof(SubIntBase) == 4 && std::is_trivially_copyable_v<SubIntBase>);
 
-// Exact sum, clamped. An infinity absorbs a finite operand and its equal; opposite infinities give 0
-// and set the error indicator.
+// Exact sum, clamped. An infinity absorbs a finite operand and its equal; opposite infinities give
+// 0 and set the error indicator.
 KIV_EXPORT SubIntBase base_plus(SubIntBase a, SubIntBase b) noexcept;
 
 // base_plus(a, -b).
 KIV_EXPORT SubIntBase base_minus(SubIntBase a, SubIntBase b) noexcept;
 
-// Exact product, clamped. 0 times anything is 0; otherwise an infinite operand gives the infinity of
-// the product's sign.
+// Exact product, clamped. 0 times anything is 0; otherwise an infinite operand gives the infinity
+// of the product's sign.
 KIV_EXPORT SubIntBase base_mult(SubIntBase a, SubIntBase b) noexcept;
 
 // Quotient truncated toward zero. A divisor 0 gives kMax, kMin or 0 by the sign of a and sets the

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "framework/abstract_types/integer.h"
+#include "framework/calculator/domain_summary.h"
 #include "framework/intervals/subdef_int.h"
 
 // A closed interval of integers. The widest one, between the two infinities, is Any; the empty one
@@ -16,12 +17,13 @@ class KIV_EXPORT KivOmbIntervalInteger : public KivOmbiInteger {
   KivOmbIntervalInteger& operator=(const KivOmbIntervalInteger& other);
   ~KivOmbIntervalInteger() override;
 
-  class Descriptor;
   static const KivOmbiObjectDescriptor* const sDescriptor;
   static const char* const CastableIdent;
   static KivOmbIntervalInteger* DynamicCast(KivOmbiBase* object);
   static const KivOmbIntervalInteger* DynamicCast(const KivOmbiBase* object);
   static KivStreamable* Build(KivStreamable* object);
+
+  KivOmbiDomainSummary Summarize() const;
 
   const char* CastableID() const override;
   void Write(Kivopstream& out) const override;
@@ -86,8 +88,18 @@ class KIV_EXPORT KivOmbIntervalInteger : public KivOmbiInteger {
   std::int32_t GetPrevExactValue(std::int32_t value) const override;
 
  private:
-  int Narrow(std::int64_t lower, std::int64_t upper);
+  template <class T>
+  friend class KivOmbNumberDescriptor;
+  // Nil has the bounds exchanged: kMax, kMin.
+  struct Value {
+    SubIntBase lower = SubIntBase::kMin;
+    SubIntBase upper = SubIntBase::kMax;
+    friend bool operator==(const Value&, const Value&) = default;
+  };
 
-  SubIntBase lower_;
-  SubIntBase upper_;
+  // Narrows to [lower, upper], which may be empty or reach beyond the integers.
+  int Narrow(std::int64_t lower, std::int64_t upper);
+  int Become(Value value);
+
+  Value value_;
 };

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "framework/abstract_types/boolean.h"
+#include "framework/calculator/domain_summary.h"
 
 // One truth value: true, false, Any (either) or Nil (neither).
 class KIV_EXPORT KivOmbSingleBoolean : public KivOmbiBoolean {
@@ -14,12 +15,13 @@ class KIV_EXPORT KivOmbSingleBoolean : public KivOmbiBoolean {
   KivOmbSingleBoolean& operator=(const KivOmbSingleBoolean& other);
   ~KivOmbSingleBoolean() override;
 
-  class Descriptor;
   static const KivOmbiObjectDescriptor* const sDescriptor;
   static const char* const CastableIdent;
   static KivOmbSingleBoolean* DynamicCast(KivOmbiBase* object);
   static const KivOmbSingleBoolean* DynamicCast(const KivOmbiBase* object);
   static KivStreamable* Build(KivStreamable* object);
+
+  KivOmbiDomainSummary Summarize() const;
 
   const char* CastableID() const override;
   void Write(Kivopstream& out) const override;
@@ -29,8 +31,8 @@ class KIV_EXPORT KivOmbSingleBoolean : public KivOmbiBoolean {
   void PrintOn(Kivostrstream& out) const override;
   void InputValue(Kivistrstream& in) override;
 
-  int CheckAny() const noexcept { return possible_ == kBoth; }
-  int CheckNil() const noexcept { return possible_ == kNeither; }
+  int CheckAny() const noexcept { return value_ == kBoth; }
+  int CheckNil() const noexcept { return value_ == kNeither; }
   void Any();
   // Makes the domain Nil; returns 1.
   int Nil();
@@ -57,13 +59,17 @@ class KIV_EXPORT KivOmbSingleBoolean : public KivOmbiBoolean {
   int CanBe(bool value) const override;
 
  private:
+  template <class T>
+  friend class KivOmbNumberDescriptor;
   // Which values are possible, a bit each.
-  static constexpr std::uint32_t kNeither = 0;
-  static constexpr std::uint32_t kFalse = 1;
-  static constexpr std::uint32_t kTrue = 2;
-  static constexpr std::uint32_t kBoth = 3;
+  using Value = std::uint32_t;
+  static constexpr Value kNeither = 0;
+  static constexpr Value kFalse = 1;
+  static constexpr Value kTrue = 2;
+  static constexpr Value kBoth = 3;
 
-  int Narrow(std::uint32_t possible);
+  int Narrow(Value possible);
+  int Become(Value value);
 
-  std::uint32_t possible_ = kBoth;
+  Value value_ = kBoth;
 };

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "framework/abstract_types/integer.h"
+#include "framework/calculator/domain_summary.h"
 #include "framework/intervals/sub_int_base.h"
 
 // One integer: a value, Any or Nil. It cannot hold a set: an operation that leaves it more than one
@@ -20,12 +21,13 @@ class KIV_EXPORT KivOmbSingleInteger : public KivOmbiInteger {
   KivOmbSingleInteger& operator=(const KivOmbSingleInteger& other);
   ~KivOmbSingleInteger() override;
 
-  class Descriptor;
   static const KivOmbiObjectDescriptor* const sDescriptor;
   static const char* const CastableIdent;
   static KivOmbSingleInteger* DynamicCast(KivOmbiBase* object);
   static const KivOmbSingleInteger* DynamicCast(const KivOmbiBase* object);
   static KivStreamable* Build(KivStreamable* object);
+
+  KivOmbiDomainSummary Summarize() const;
 
   const char* CastableID() const override;
   void Write(Kivopstream& out) const override;
@@ -35,11 +37,11 @@ class KIV_EXPORT KivOmbSingleInteger : public KivOmbiInteger {
   void PrintOn(Kivostrstream& out) const override;
   void InputValue(Kivistrstream& in) override;
 
-  int CheckAny() const noexcept { return state_ == State::kAny; }
-  int CheckNil() const noexcept { return state_ == State::kNil; }
+  int CheckAny() const noexcept { return value_.state == kAny; }
+  int CheckNil() const noexcept { return value_.state == kNil; }
   // The value; 0 unless one is held.
-  std::int32_t GetValue() const noexcept { return value_.GetValue(); }
-  SubIntBase GetUnicalcValue() const noexcept { return value_; }
+  std::int32_t GetValue() const noexcept { return value_.number.GetValue(); }
+  SubIntBase GetUnicalcValue() const noexcept { return value_.number; }
   void Any();
   // Makes the domain Nil; returns 1.
   int Nil();
@@ -88,10 +90,19 @@ class KIV_EXPORT KivOmbSingleInteger : public KivOmbiInteger {
   std::int32_t GetPrevExactValue(std::int32_t value) const override;
 
  private:
-  enum class State : std::int32_t { kNil, kValue, kAny };
+  template <class T>
+  friend class KivOmbNumberDescriptor;
+  enum State : std::int32_t { kNil, kValue, kAny };
+  // The value is 0 unless the state is kValue.
+  struct Value {
+    State state = kAny;
+    SubIntBase number;
+    friend bool operator==(const Value&, const Value&) = default;
+  };
 
-  int Narrow(std::int32_t lower, std::int32_t upper);
+  // Narrows to [lower, upper], which may be empty; an Any domain only takes a single value.
+  int Narrow(std::int64_t lower, std::int64_t upper);
+  int Become(Value value);
 
-  State state_ = State::kAny;
-  SubIntBase value_;
+  Value value_;
 };

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "framework/base/export.h"
 
@@ -42,23 +43,27 @@ class KIV_EXPORT Kivostrstream : public Kivpstream {
 };
 
 // Reads text from a string. Reading always ends and can go on after any failure: a character at the
-// end is '\0' (bits kEnd and kFailure), a number that fails is 0, consumes nothing but the blanks
-// before it and sets the state to kFailure.
+// end is '\0' and adds the bits kEnd and kFailure; a number that fails is 0, consumes nothing and
+// sets the state to kFailure. Blanks are the six of the C locale; no other locale has a say.
 class KIV_EXPORT Kivistrstream : public Kivpstream {
  public:
   explicit Kivistrstream(std::string text);
 
   // The next character, blanks included.
   Kivistrstream& operator>>(char& character);
-  // A decimal integer with an optional sign, after any blanks; one that does not fit 32 bits fails.
+  // A decimal integer with an optional sign, after any blanks. It ends where its digits end; one
+  // that does not fit 32 bits fails.
   Kivistrstream& operator>>(std::int32_t& value);
   Kivistrstream& operator>>(Kivistrstream& (*manipulator)(Kivistrstream&)) {
     return manipulator(*this);
   }
 
+  // How many characters have been consumed.
   std::size_t Position() const noexcept { return position_; }
 
  private:
+  std::string_view Rest() const noexcept { return std::string_view(text_).substr(position_); }
+
   friend KIV_EXPORT Kivistrstream& ws(Kivistrstream& in);
   friend KIV_EXPORT int CheckNumString(Kivistrstream& in);
   friend KIV_EXPORT std::int32_t GetSIValue(Kivistrstream& in);
@@ -72,22 +77,22 @@ KIV_EXPORT Kivistrstream& ws(Kivistrstream& in);
 
 // What CheckNumString finds.
 enum KivNumToken {
-  kKivNumber = 0,          // anything else; nothing is consumed
-  kKivInterval = 1,        // "[", consumed
-  kKivMin = 2,             // "Min", consumed
-  kKivMax = 3,             // "Max", consumed
-  kKivAny = 4,             // "Any", consumed
-  kKivNil = 5,             // "Nil", consumed
-  kKivMinusInfinity = 6,   // "-Inf", consumed
-  kKivPlusInfinity = 7,    // "Inf" or "+Inf", consumed
-  kKivSet = 8,             // "{", consumed
+  kKivNumber = 0,         // anything else; nothing is consumed
+  kKivInterval = 1,       // "[", consumed
+  kKivMin = 2,            // "Min", consumed
+  kKivMax = 3,            // "Max", consumed
+  kKivAny = 4,            // "Any", consumed
+  kKivNil = 5,            // "Nil", consumed
+  kKivMinusInfinity = 6,  // "-Inf", consumed
+  kKivPlusInfinity = 7,   // "Inf" or "+Inf", consumed
+  kKivSet = 8,            // "{", consumed
 };
 
-// Skips blanks and classifies the next item as one of KivNumToken. Words may be in any letter case
-// and must end where the keyword does: "Maximum" is no keyword.
+// Skips blanks and classifies the next item as one of KivNumToken. Keywords may be in any letter
+// case and are whole words (of letters, digits and underscores): "Maximum" is no keyword.
 KIV_EXPORT int CheckNumString(Kivistrstream& in);
 
 // Reads a decimal integer with an optional sign, or a saturation word ("Min", "-Inf", "Max", "Inf",
-// "+Inf"; the ends of the range of SubIntBase). What is no integer, or does not fit 32 bits, sets
-// the stream's state to kFailure, consumes nothing but blanks and gives 0.
+// "+Inf"; the ends of the range of SubIntBase), after any blanks. What is no integer, or does not
+// fit 32 bits, sets the stream's state to kFailure, consumes nothing and gives 0.
 KIV_EXPORT std::int32_t GetSIValue(Kivistrstream& in);

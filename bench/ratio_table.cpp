@@ -1,0 +1,47 @@
+#include "bench/ratio_table.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <ostream>
+
+namespace kiv::bench {
+
+bool RatioTable::ReportContext(const Context&) { return true; }
+
+void RatioTable::ReportRuns(const std::vector<Run>& runs) {
+  for (const Run& run : runs) {
+    const std::string& name = run.run_name.function_name;
+    if (run.error_occurred) {
+      GetErrorStream() << name << ": " << run.error_message << '\n';
+      succeeded_ = false;
+      continue;
+    }
+    if (run.run_type != Run::RT_Iteration) continue;
+    const std::size_t slash = name.rfind('/');
+    const std::string measured = name.substr(0, slash);
+    const std::string contender = name.substr(slash + 1);
+    if (!times_.contains(measured)) cases_.push_back(measured);
+    const double time = run.GetAdjustedCPUTime();
+    const auto [entry, added] = times_[measured].emplace(contender, time);
+    if (!added) entry->second = std::min(entry->second, time);
+  }
+}
+
+void RatioTable::Finalize() {
+  std::ostream& out = GetOutputStream();
+  out << "How many times as long as the module each other contender takes:\n"
+      << std::fixed << std::setprecision(2);
+  for (const std::string& measured : cases_) {
+    const Times& times = times_[measured];
+    const auto module_time = times.find("module");
+    if (module_time == times.end()) continue;  // left out by a filter
+    out << std::left << std::setw(32) << measured << std::right;
+    for (const auto& [contender, time] : times) {
+      if (contender == module_time->first) continue;
+      out << std::setw(12) << contender << std::setw(9) << time / module_time->second;
+    }
+    out << '\n';
+  }
+}
+
+}  // namespace kiv::bench

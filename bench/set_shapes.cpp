@@ -1,0 +1,27 @@
+#include "bench/set_shapes.h"
+
+#include <algorithm>
+#include <iterator>
+#include <numeric>
+
+namespace kiv::bench {
+
+std::vector<std::int32_t> RandomSet(const Shape& shape, std::int32_t from, std::mt19937& random) {
+  std::vector<std::int32_t> window(shape.size * static_cast<std::size_t>(shape.density.spread) /
+                                   100);
+  std::iota(window.begin(), window.end(), from);
+  std::vector<std::int32_t> values;
+  values.reserve(shape.size);
+  std::sample(window.begin(), window.end(), std::back_inserter(values), shape.size, random);
+  return values;
+}
+
+std::vector<std::int32_t> RandomHalf(const std::vector<std::int32_t>& values,
+                                     std::mt19937& random) {
+  std::vector<std::int32_t> half;
+  std::copy_if(values.begin(), values.end(), std::back_inserter(half),
+               [&](std::int32_t) { return random() % 2 == 0; });
+  return half;
+}
+
+}  // namespace kiv::bench

@@ -1,0 +1,114 @@
+// The writes to an enumerated domain. Each decides first whether it changes anything: a domain that
+// a network owns announces its first write, and is saved then.
+
+#include <algorithm>
+
+#include "enum_integers/domain/enum_integer.h"
+
+namespace {
+
+// How many integers [lower, upper] holds, in 32 bits: one that lies two or more the wrong way
+// round, like one that is too wide, has a size above any cap.
+std::uint32_t RangeSize(std::int32_t lower, std::int32_t upper) {
+  return static_cast<std::uint32_t>(upper) - static_cast<std::uint32_t>(lower) + 1u;
+}
+
+}  // namespace
+
+int KivOmbEnumInteger::Insert(std::int32_t v) {
+  if (CheckAny()) return 0;
+  // The count is tested before the value is looked for: a full domain takes not even its own.
+  if (Count() >= sMAX_CARD) {
+    Any();
+    return 0;
+  }
+  if (SimpleInsert(v) == 0) Nil();
+  return 1;
+}
+
+int KivOmbEnumInteger::SimpleInsert(std::int32_t v) {
+  return Contains(v) ? 1 : Writable().values.AddUnique(v);
+}
+
+void KivOmbEnumInteger::InsertExactValue(std::int32_t v) { Insert(v); }
+
+void KivOmbEnumInteger::SetExactValue(std::int32_t v) {
+  if (CheckDefined() && Contains(v) && anyFlag == 0 && sMAX_CARD > 0) return;
+  Nil();
+  Insert(v);
+}
+
+int KivOmbEnumInteger::RemoveExactValue(std::int32_t v) {
+  const unsigned i = values.Find(v);
+  if (i >= Count()) return 0;
+  Writable().values.DetachAt(i, 1);
+  return 1;
+}
+
+void KivOmbEnumInteger::SetLowerBound(std::int32_t bound) {
+  if (CheckAny()) return;
+  if (CheckNil()) {
+    Insert(bound);
+  } else if (const std::int32_t upper = GetUpperBound(); RangeSize(bound, upper) >= sMAX_CARD) {
+    Any();
+  } else {
+    BecomeRange(bound, std::max(bound, upper));
+  }
+}
+
+void KivOmbEnumInteger::SetUpperBound(std::int32_t bound) {
+  if (CheckAny()) return;
+  if (CheckNil()) {
+    Insert(bound);
+  } else if (const std::int32_t lower = GetLowerBound(); RangeSize(lower, bound) >= sMAX_CARD) {
+    Any();
+  } else {
+    BecomeRange(std::min(lower, bound), bound);
+  }
+}
+
+// Becomes Any (flag 1) or Nil (flag 0); the storage stays.
+void KivOmbEnumInteger::BecomeEmpty(int flag) {
+  if (Count() == 0 && anyFlag == flag) return;
+  KivOmbEnumInteger& self = Writable();
+  self.values.Flush();
+  self.anyFlag = flag;
+}
+
+// Takes over values and flag; becomes Nil when there is no memory for the values.
+void KivOmbEnumInteger::Become(const KivSVectorImp_SubIntBase& new_values, int flag) {
+  const unsigned count = new_values.Count();
+  if (count == 0) return BecomeEmpty(flag);
+  if (anyFlag == flag && Count() == count &&
+      std::equal(&values[0], &values[0] + count, &new_values[0])) {
+    return;
+  }
+  KivOmbEnumInteger& self = Writable();
+  self.values = new_values;
+  self.anyFlag = Count() == count ? flag : 0;
+}
+
+// Becomes every integer from `lower` to `upper`, inserted into Nil one by one.
+void KivOmbEnumInteger::BecomeRange(std::int32_t lower, std::int32_t upper) {
+  const std::int64_t first = SubIntBase(lower).GetValue();
+  const std::int64_t last = SubIntBase(upper).GetValue();
+  if (anyFlag == 0 && Count() == last - first + 1 && GetFirstL() == first) return;
+  Nil();
+  for (std::int64_t v = first; v <= last && !CheckAny(); ++v) Insert(static_cast<std::int32_t>(v));
+}
+
+// Keeps the values at the positions `first` .. `end` - 1; the leftover flag stays.
+void KivOmbEnumInteger::Keep(unsigned first, unsigned end) {
+  if (first == 0 && end >= Count()) return;
+  KivOmbEnumInteger& self = Writable();
+  self.values.DetachAt(end, Count());
+  self.values.DetachAt(0, first);
+}
+
+// The end of an intersection: `kept` are those of this domain's values that stay.
+int KivOmbEnumInteger::NarrowTo(const KivSVectorImp_SubIntBase& kept) {
+  if (kept.Count() == Count()) return 0;
+  if (kept.Count() == 0) return Nil();
+  Become(kept, anyFlag);
+  return 1;
+}

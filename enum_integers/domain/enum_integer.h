@@ -1,0 +1,255 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "enum_integers/storage/value_vector.h"
+#include "framework/abstract_types/integer.h"
+#include "framework/calculator/descriptor.h"
+#include "framework/numbers/interval_integer.h"
+#include "framework/numbers/single_integer.h"
+
+// The enumerated integer domain: the integers still possible, as an explicit ascending list of at
+// most sMAX_CARD values, or one of two special states, Any (every integer) and Nil (none). A set
+// that would outgrow the cap gives up precision and becomes Any.
+//
+// A domain without values is Any or Nil by a flag. While values are held, the flag is left over
+// from what was before, and it decides again when the last value goes: a domain built from a
+// SubIntBase becomes Any when its value is removed, one built by insertion into Nil becomes Nil.
+//
+// Operations that narrow return 0 when their target was left as it was and 1 when it was narrowed
+// or made Nil. Nothing throws; a domain whose storage cannot grow becomes Nil. Each operator exists
+// as a core over enumerated domains, often with a form for a single integer as target, and as a
+// virtual entry for operands of any kind.
+class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
+ public:
+  // The greatest number of values; 0 until InitEnumIntegers sets it.
+  static std::uint32_t sMAX_CARD;
+
+  // Decides whether an intersection keeps a value.
+  using ValueFilter = int (*)(const SubIntBase& value, void* context);
+
+  KivOmbEnumInteger();  // Any
+  // The one value, with a leftover flag of Any.
+  KivOmbEnumInteger(const SubIntBase& value, int);
+  // The same set as `single`.
+  KivOmbEnumInteger(const KivOmbSingleInteger& single, int);
+  // The values of a raw block: a 32-bit count and as many 32-bit values, in native byte order.
+  explicit KivOmbEnumInteger(const void* raw_block);
+  // For a stream to fill.
+  explicit KivOmbEnumInteger(KivStreamableInit init);
+  KivOmbEnumInteger(const KivOmbEnumInteger& other);
+  KivOmbEnumInteger& operator=(const KivOmbEnumInteger& other);
+  // Nil for Nil, but Any for a value and the stored value for Any: the reverse of the constructor.
+  KivOmbEnumInteger& operator=(const KivOmbSingleInteger& single);
+  ~KivOmbEnumInteger() override;
+
+  // Identity and descriptor.
+  class Descriptor;
+  static const Descriptor* sDescriptor;  // null until MakeDescriptor
+  static const char* const CastableIdent;
+  // A new descriptor, which becomes sDescriptor; null when there is no memory.
+  static const Descriptor* MakeDescriptor();
+  static KivOmbEnumInteger* DynamicCast(KivOmbiBase* object);
+  static const KivOmbEnumInteger* DynamicCast(const KivOmbiBase* object);
+  // Without a test.
+  static KivOmbEnumInteger* StaticCast(KivOmbiBase* object);
+  static const KivOmbEnumInteger* StaticCast(const KivOmbiBase* object);
+  const char* CastableID() const override;
+  const KivOmbiObjectDescriptor* GetDescriptor() const override;
+
+  // Stream form: the common part, the flag, the number of values, the values.
+  void Write(Kivopstream& out) const override;
+  void Read(Kivipstream& in) override;
+  // `object`, or a new domain for a stream to fill when it is null.
+  static KivStreamable* Build(KivStreamable* object);
+  static Kivipstream& readPtr(Kivipstream& in, KivOmbEnumInteger*& object);
+  static Kivipstream& readRef(Kivipstream& in, KivOmbEnumInteger& object);
+  static Kivopstream& writePtr(Kivopstream& out, const KivOmbEnumInteger* object);
+  static Kivopstream& writeRef(Kivopstream& out, const KivOmbEnumInteger& object);
+
+  // Text form: "Nil", "Any", a number, or "{ 1, 2 }"; the infinities are " Min" and " Max".
+  void PrintOn(Kivostrstream& out) const override;
+
+  // States.
+  int CheckAny() const { return values.Count() == 0 && anyFlag == 1; }
+  int CheckNil() const { return values.Count() == 0 && anyFlag == 0; }
+  // 1 when exactly one value is held.
+  int CheckDefined() const { return values.Count() == 1; }
+  int IsNil() const override;
+  int IsUndefined() const override;
+  void Any();
+  // Returns 1.
+  int Nil();
+  void SetNilValue() override;
+  void SetUndefinedValue() override;
+  // Does nothing.
+  void CheckValue();
+  // Makes the domain Nil and clears the error indicator of the arithmetic if that is set; 1 if so.
+  int CheckErrorStatus();
+
+  // Queries. The number of values; 0 for Any and Nil.
+  unsigned Count() const { return values.Count(); }
+  // The growth step of the storage.
+  unsigned GetDelta() const { return values.GetDelta(); }
+  // Value `i`, which is not checked.
+  std::int32_t GetValue(unsigned i) const { return values[i].GetValue(); }
+  // The least and the greatest value; 0 for a domain without values.
+  std::int32_t GetFirstL() const { return Count() > 0 ? GetValue(0) : 0; }
+  std::int32_t GetLastU() const { return Count() > 0 ? GetValue(Count() - 1) : 0; }
+  // 1 when `v` is one of the listed values.
+  int Contains(std::int32_t v) const { return values.Find(v) < values.Count(); }
+  // 0 for Nil, all bits set for Any.
+  std::uint32_t GetCardinality() const override;
+  std::int32_t GetLowerBound() const override;
+  std::int32_t GetUpperBound() const override;
+  // The least value above `v`. Above the last value it is v + 1 when `v` is that value, else `v`;
+  // for Any it is v + 1. The mirror below.
+  std::int32_t GetNextExactValue(std::int32_t v) const override;
+  std::int32_t GetPrevExactValue(std::int32_t v) const override;
+
+  // Edits.
+  // Adds `v`; 0 when the domain is Any afterwards. A domain that already holds sMAX_CARD values
+  // becomes Any, whatever `v` is; Any stays.
+  int Insert(std::int32_t v);
+  // Adds `v` whatever the state and without the cap; 0 when the storage could not grow.
+  int SimpleInsert(std::int32_t v);
+  void InsertExactValue(std::int32_t v) override;
+  void SetExactValue(std::int32_t v) override;
+  // 1 when `v` was a value.
+  int RemoveExactValue(std::int32_t v) override;
+  // Replaces a set by all integers between the bound and its other end: Any when these are
+  // sMAX_CARD or more, and when the bound lies two or more beyond that end; the bound alone when it
+  // lies one beyond, and for Nil. Any stays.
+  void SetLowerBound(std::int32_t bound) override;
+  void SetUpperBound(std::int32_t bound) override;
+
+  // Set algebra.
+  int Intersect(const KivOmbEnumInteger& other);
+  int Intersect(const KivOmbSingleInteger& single);
+  // A set that loses all values is left to its leftover flag; Any stays when the interval holds
+  // sMAX_CARD integers or more.
+  int Intersect(const KivOmbIntervalInteger& interval);
+  // With the values of `other` that `filter` accepts. Any stays when it accepts none.
+  int Intersect(const KivOmbEnumInteger& other, ValueFilter filter, void* context);
+  // With the accepted values of the union of `a` and `b`.
+  int Intersect(const KivOmbEnumInteger& a, const KivOmbEnumInteger& b, ValueFilter filter,
+                void* context);
+  // Narrow the operand by this domain.
+  int IntersectInverse(KivOmbSingleInteger& single) const;
+  int IntersectInverse(KivOmbIntervalInteger& interval) const;
+  // Any when the union would hold sMAX_CARD values or more.
+  void Unite(const KivOmbEnumInteger& other);
+  void Unite(const KivOmbSingleInteger& single);
+  // Negates every value.
+  void Minus();
+
+  // Conversion and set operations with operands of any kind. What is neither enumerated nor single
+  // counts as Nil; Intersect is CalcEqualValue without its result.
+  void Assign(const KivOmbiAny& x) override;
+  void Intersect(const KivOmbiAny& x) override;
+  void Unite(const KivOmbiAny& x) override;
+  int IsIntersected(const KivOmbiAny& x) const override;
+
+  // Moves the selected positions into `other`, an enumerated domain, and keeps the rest. With n
+  // values the lower half is the first (n + 1) / 2. A domain without values stays, as does `other`;
+  // an unknown selection and an `other` of another kind make this domain Nil.
+  void Bisect(KivOmbiObject& other, ValueSelection selection) override;
+
+  // Narrow to one constant: minus infinity, plus infinity, 0, 1.
+  using KivOmbiInteger::CalcMaxValue;
+  using KivOmbiInteger::CalcMinValue;
+  int CalcMinValue() override;
+  int CalcMaxValue() override;
+  int CalcZeroValue() override;
+  int CalcOneValue() override;
+
+  // Relations between this and x; the order relations cut at bounds only. Cores take operands that
+  // are not Nil.
+  int CalcEqualValue(const KivOmbiAny& x) override;
+  int CalcInverseEqualValue(KivOmbiAny& x) const override;
+
+  // this <= x
+  int CalcLessOrEqualValue(const KivOmbEnumInteger& x);
+  int CalcLessOrEqualValue(const KivOmbiAny& x) override;
+  int CalcInverseLessOrEqualValue(KivOmbEnumInteger& x) const;
+  int CalcInverseLessOrEqualValue(KivOmbSingleInteger& x) const;
+  int CalcInverseLessOrEqualValue(KivOmbiAny& x) const override;
+
+  // this < x. When the bound is not a value of the target, the cores cut one value more than the
+  // relation asks for: {1, 5, 9} < {7} leaves {1}.
+  int CalcLessValue(const KivOmbEnumInteger& x);
+  int CalcLessValue(const KivOmbiScalar& x) override;
+  int CalcInverseLessValue(KivOmbEnumInteger& x) const;
+  int CalcInverseLessValue(KivOmbSingleInteger& x) const;
+  int CalcInverseLessValue(KivOmbiScalar& x) const override;
+
+  // this >= x
+  int CalcNotLessValue(const KivOmbEnumInteger& x);
+  int CalcNotLessValue(const KivOmbiScalar& x) override;
+  int CalcInverseNotLessValue(KivOmbEnumInteger& x) const;
+  int CalcInverseNotLessValue(KivOmbSingleInteger& x) const;
+  int CalcInverseNotLessValue(KivOmbiScalar& x) const override;
+
+  // this > x
+  int CalcNotLessAndUnequalValue(const KivOmbEnumInteger& x);
+  int CalcNotLessAndUnequalValue(const KivOmbiAny& x) override;
+  int CalcInverseNotLessAndUnequalValue(KivOmbEnumInteger& x) const;
+  int CalcInverseNotLessAndUnequalValue(KivOmbSingleInteger& x) const;
+  int CalcInverseNotLessAndUnequalValue(KivOmbiAny& x) const override;
+
+  // this = x + y
+  int CalcSumValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y);
+  int CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
+  int CalcFirstInverseSumValue(KivOmbEnumInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseSumValue(KivOmbSingleInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
+
+ protected:
+  int IsDerivedFrom(const char* ident) const override;
+
+ private:
+  static const char* const sIdent;
+
+  // The one way to the members for writing: tells the network that owns the domain first. An
+  // operation that changes nothing does not come here.
+  KivOmbEnumInteger& Writable() {
+    WillChange();
+    return *this;
+  }
+  void BecomeEmpty(int flag);
+  void Become(const KivSVectorImp_SubIntBase& new_values, int flag);
+  void BecomeRange(std::int32_t lower, std::int32_t upper);
+  void Keep(unsigned first, unsigned end);
+  int NarrowTo(const KivSVectorImp_SubIntBase& kept);
+  unsigned CountBelow(SubIntBase v) const;
+  unsigned CountUpTo(SubIntBase v) const;
+
+  KivSVectorImp_SubIntBase values;  // ascending, without duplicates
+  int anyFlag;                      // without values: 1 is Any, 0 is Nil
+};
+
+// The display name of the kind is "enum int".
+class KIV_EXPORT KivOmbEnumInteger::Descriptor : public KivOmbiObjectDescriptor {
+ public:
+  Descriptor();
+  explicit Descriptor(KivStreamableInit init);
+  ~Descriptor() override;
+
+  static const char CastableIdent[];
+  static KivStreamable* Build(KivStreamable* object);
+  const char* CastableID() const override;
+
+  // `data` is a raw block of values.
+  KivOmbiObject* ConstructObjectFrom(void* memory, const void* data) const override;
+  KivOmbiObject* ConstructObject(void* memory) const override;
+  std::int64_t GetObjectSize() const override;
+
+  // The state is the flag, the number of values and the values, 32 bits each.
+  std::size_t GetStateSize(const KivOmbiObject& object) const override;
+  void SaveState(const KivOmbiObject& object, void* state) const override;
+  // Announces nothing, and allocates only when the domain has fewer slots than the state has
+  // values.
+  int RestoreState(KivOmbiObject& object, const void* state) const override;
+  KivOmbiDomainSummary Summarize(const KivOmbiObject& object) const override;
+};

@@ -1,0 +1,93 @@
+// What the framework knows of the kind: how to make its objects, to save and restore them while it
+// backtracks, and to sum them up.
+
+#include <cstring>
+
+#include "enum_integers/domain/enum_integer.h"
+
+namespace {
+
+constexpr std::size_t kWord = sizeof(std::uint32_t);
+
+const KivOmbEnumInteger& DomainOf(const KivOmbiObject& object) {
+  return *KivOmbEnumInteger::StaticCast(&object);
+}
+
+}  // namespace
+
+const KivOmbEnumInteger::Descriptor* KivOmbEnumInteger::sDescriptor = nullptr;
+
+const KivOmbEnumInteger::Descriptor* KivOmbEnumInteger::MakeDescriptor() {
+  return sDescriptor = new Descriptor;
+}
+
+const KivOmbiObjectDescriptor* KivOmbEnumInteger::GetDescriptor() const { return sDescriptor; }
+
+const char KivOmbEnumInteger::Descriptor::CastableIdent[] = "KivOmbEnumInteger_Descriptor";
+
+KivOmbEnumInteger::Descriptor::Descriptor()
+    : KivOmbiObjectDescriptor("enum int", KivOmbiInteger::sDescriptor, 0) {}
+
+KivOmbEnumInteger::Descriptor::Descriptor(KivStreamableInit init) : KivOmbiObjectDescriptor(init) {}
+
+KivOmbEnumInteger::Descriptor::~Descriptor() = default;
+
+KivStreamable* KivOmbEnumInteger::Descriptor::Build(KivStreamable* object) {
+  return object != nullptr ? object : new Descriptor(kKivStreamableInit);
+}
+
+const char* KivOmbEnumInteger::Descriptor::CastableID() const { return CastableIdent; }
+
+// The placement form gives null for null memory, and then nothing is constructed.
+KivOmbiObject* KivOmbEnumInteger::Descriptor::ConstructObjectFrom(void* memory,
+                                                                  const void* data) const {
+  return new (memory) KivOmbEnumInteger(data);
+}
+
+KivOmbiObject* KivOmbEnumInteger::Descriptor::ConstructObject(void* memory) const {
+  return new (memory) KivOmbEnumInteger;
+}
+
+std::int64_t KivOmbEnumInteger::Descriptor::GetObjectSize() const {
+  return sizeof(KivOmbEnumInteger);
+}
+
+std::size_t KivOmbEnumInteger::Descriptor::GetStateSize(const KivOmbiObject& object) const {
+  return (2 + std::size_t{DomainOf(object).Count()}) * kWord;
+}
+
+void KivOmbEnumInteger::Descriptor::SaveState(const KivOmbiObject& object, void* state) const {
+  const KivOmbEnumInteger& domain = DomainOf(object);
+  auto* const words = static_cast<unsigned char*>(state);
+  const std::uint32_t count = domain.Count();
+  std::memcpy(words, &domain.anyFlag, kWord);
+  std::memcpy(words + kWord, &count, kWord);
+  if (count > 0) std::memcpy(words + 2 * kWord, &domain.values[0], count * kWord);
+}
+
+int KivOmbEnumInteger::Descriptor::RestoreState(KivOmbiObject& object, const void* state) const {
+  KivOmbEnumInteger& domain = *StaticCast(&object);
+  const auto* const words = static_cast<const unsigned char*>(state);
+  std::uint32_t count;
+  std::memcpy(&count, words + kWord, kWord);
+  domain.values.Flush();
+  if (count > 0) {
+    // Adding at the last position raises the top to it; the slots below are filled at once then.
+    if (domain.values.AddAt(0, count - 1) == 0) return 0;
+    std::memcpy(&domain.values[0], words + 2 * kWord, count * kWord);
+  }
+  std::memcpy(&domain.anyFlag, words, kWord);
+  return 1;
+}
+
+KivOmbiDomainSummary KivOmbEnumInteger::Descriptor::Summarize(const KivOmbiObject& object) const {
+  const KivOmbEnumInteger& domain = DomainOf(object);
+  const std::uint32_t count = domain.Count();
+  if (count > 0) {
+    return {domain.GetFirstL(), domain.GetLastU(), count, KivOmbiDomainSummary::kValues};
+  }
+  constexpr std::int32_t kMin = KivOmbSingleInteger::sNC_INT_MIN;
+  constexpr std::int32_t kMax = KivOmbSingleInteger::sNC_INT_MAX;
+  if (domain.CheckNil()) return {kMax, kMin, 0, KivOmbiDomainSummary::kNil};
+  return {kMin, kMax, ~std::uint32_t{0}, KivOmbiDomainSummary::kAny};
+}

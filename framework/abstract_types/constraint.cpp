@@ -1,0 +1,33 @@
+#include "framework/abstract_types/constraint.h"
+
+#include <vector>
+
+KivOmbiConstraint::~KivOmbiConstraint() = default;
+
+// The address of a descriptor's name is as unique as its class.
+const char* KivOmbiConstraint::CastableID() const { return descriptor_->GetName().c_str(); }
+
+int KivOmbiConstraint::IsDerivedFrom(const char* ident) const {
+  return ident == CastableID() ? 1 : KivOmbiObject::IsDerivedFrom(ident);
+}
+
+void KivOmbiConstraint::PrintOn(Kivostrstream& out) const { out << descriptor_->GetName(); }
+
+void KivOmbiConstraint::Activate(KivOmbiNetwork* network) {
+  network->Enqueue(number_, kKivAnyEvent);
+}
+
+void KivOmbiConstraint::ActivateByArgument(unsigned, std::int64_t events, KivOmbiNetwork* network) {
+  network->Enqueue(number_, events);
+}
+
+std::int64_t KivOmbiConstraint::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
+  if (!environment.AllFixed()) return kKivAtFixpoint;
+  std::vector<std::int64_t> values(environment.Count());
+  for (unsigned i = 0; i < environment.Count(); ++i) values[i] = environment.Summary(i).lower;
+  return Holds(values) ? kKivAtFixpoint | kKivEntailed : kKivContradiction;
+}
+
+KivOmbiConstraint::Cost KivOmbiConstraint::GetCost() const { return kTernary; }
+
+std::int64_t KivOmbiConstraint::GetWakingEvents(unsigned, unsigned) const { return kKivAnyEvent; }

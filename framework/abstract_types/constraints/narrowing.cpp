@@ -1,0 +1,143 @@
+#include "framework/abstract_types/constraints/narrowing.h"
+
+#include <utility>
+
+#include "framework/intervals/sub_int_base.h"
+
+namespace kiv {
+
+namespace {
+
+constexpr std::int32_t kMin = SubIntBase::kMin;
+constexpr std::int32_t kMax = SubIntBase::kMax;
+
+// The scratch object for a bound; the others hold converted operands.
+constexpr unsigned kEdgeScratch = 3;
+
+KivOmbiFilterResult Verdict(bool possible) { return possible ? 0 : kKivContradiction; }
+
+// A domain of the kind of argument i that holds `value` alone. An order relation takes its operand
+// in the target's own kind, which no kind refuses.
+const KivOmbiInteger& Edge(const KivOmbiObjectEnvironment& environment, unsigned i,
+                           std::int64_t value) {
+  auto& edge =
+      static_cast<KivOmbiInteger&>(environment.Scratch(*environment.Kind(i), kEdgeScratch));
+  edge.SetExactValue(static_cast<std::int32_t>(value));
+  return edge;
+}
+
+KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, unsigned target,
+                                  unsigned known) {
+  if (environment.Summary(known).IsAny()) return 0;
+  const KivOmbiObjectDescriptor& kind = *environment.Kind(target);
+  const KivOmbiAny* value = &environment.Domain(known);
+  if (environment.Kind(known) != &kind) value = Carry(environment, known, kind, 0);
+  if (value != nullptr) {
+    return Verdict(environment.NarrowAny(
+        target, [&](KivOmbiAny& domain) { return domain.CalcEqualValue(*value); }));
+  }
+  const KivOmbiDomainSummary hull = environment.Summary(known);
+  if (const auto result = TightenLower(environment, target, hull.lower)) return result;
+  return TightenUpper(environment, target, hull.upper);
+}
+
+}  // namespace
+
+Hull HullOf(const KivOmbiDomainSummary& summary) {
+  return {summary.lower == kMin ? -Hull::kUnbounded : summary.lower,
+          summary.upper == kMax ? Hull::kUnbounded : summary.upper};
+}
+
+KivOmbiFilterResult TightenLower(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                 std::int64_t bound) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  if (bound <= kMin || bound <= summary.lower) return 0;
+  if (bound >= kMax) return summary.upper == kMax ? 0 : Empty(environment, i);
+  const KivOmbiInteger& edge = Edge(environment, i, bound);
+  return Verdict(environment.NarrowInteger(
+      i, [&](KivOmbiInteger& domain) { return domain.CalcNotLessValue(edge); }));
+}
+
+KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                 std::int64_t bound) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  if (bound >= kMax || bound >= summary.upper) return 0;
+  if (bound <= kMin) return summary.lower == kMin ? 0 : Empty(environment, i);
+  const KivOmbiInteger& edge = Edge(environment, i, bound);
+  return Verdict(environment.NarrowInteger(
+      i, [&](KivOmbiInteger& domain) { return domain.CalcLessOrEqualValue(edge); }));
+}
+
+KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                std::int32_t value) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  if (value < summary.lower || value > summary.upper) return 0;
+  return Verdict(environment.NarrowInteger(
+      i, [&](KivOmbiInteger& domain) { return domain.RemoveExactValue(value); }));
+}
+
+KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment, unsigned i) {
+  environment.NarrowAny(i, [](KivOmbiAny& domain) {
+    domain.SetNilValue();
+    return 1;
+  });
+  return kKivContradiction;
+}
+
+KivOmbiFilterResult Equate(const KivOmbiObjectEnvironment& environment, unsigned i, unsigned j) {
+  if (environment.IsSame(i, j)) return 0;
+  if (const auto result = NarrowToEqual(environment, i, j)) return result;
+  return NarrowToEqual(environment, j, i);
+}
+
+KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsigned i, unsigned j) {
+  if (environment.IsSame(i, j)) return kKivContradiction;
+  for (const auto& [fixed, other] : {std::pair{i, j}, std::pair{j, i}}) {
+    if (!environment.Summary(fixed).IsFixed()) continue;
+    const std::int32_t value = environment.Summary(fixed).lower;
+    if (const auto result = RemoveValue(environment, other, value)) return result;
+    if (!environment.Integer(other).MayBe(value)) {
+      return kKivEntailed;
+    }
+  }
+  return 0;
+}
+
+KivOmbiFilterResult Order(const KivOmbiObjectEnvironment& environment, unsigned small,
+                          unsigned large, int gap) {
+  if (environment.IsSame(small, large)) return gap == 0 ? kKivEntailed : kKivContradiction;
+  const Hull limit = HullOf(environment.Summary(large));
+  if (const auto result = TightenUpper(environment, small, limit.upper - gap)) return result;
+  const Hull base = HullOf(environment.Summary(small));
+  if (const auto result = TightenLower(environment, large, base.lower + gap)) return result;
+  const bool entailed =
+      HullOf(environment.Summary(small)).upper + gap <= HullOf(environment.Summary(large)).lower;
+  return entailed ? kKivEntailed : 0;
+}
+
+const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environment, unsigned i,
+                            const KivOmbiObjectDescriptor& kind, unsigned scratch) {
+  if (environment.Kind(i) == &kind) return &environment.Integer(i);
+  auto& carried = static_cast<KivOmbiInteger&>(environment.Scratch(kind, scratch));
+  carried.CalcEqualValue(environment.Domain(i));
+  // A kind that does not know the operand's answers Nil, one that cannot hold its values stays Any.
+  const bool lost =
+      carried.IsNil() != 0 || (carried.IsUndefined() != 0 && !environment.Summary(i).IsAny());
+  return lost ? nullptr : &carried;
+}
+
+KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment, unsigned target,
+                                 const Hull& candidates, bool& unknown) {
+  const KivOmbiDomainSummary& summary = environment.Summary(target);
+  if (candidates.lower >= kMax || candidates.upper <= kMin) {
+    const bool excluded = candidates.lower >= kMax ? summary.upper < kMax : summary.lower > kMin;
+    return excluded ? Empty(environment, target) : kKivOverflow;
+  }
+  if (const auto result = TightenLower(environment, target, candidates.lower)) return result;
+  if (const auto result = TightenUpper(environment, target, candidates.upper)) return result;
+  const bool saturates = candidates.lower <= kMin || candidates.upper >= kMax;
+  unknown = saturates && summary.IsAny();
+  return 0;
+}
+
+}  // namespace kiv

@@ -1,0 +1,3 @@
+#include "framework/calculator/network.h"
+
+KivOmbiNetwork::~KivOmbiNetwork() = default;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "framework/base/export.h"
+
+// Numbers waiting in levels of cost: the first of the cheapest level comes out first. Within a
+// level first in, first out. All operations take constant time; room once made is kept.
+class KIV_EXPORT KivOmbiPropagationQueue {
+ public:
+  // At most 32 levels.
+  explicit KivOmbiPropagationQueue(unsigned levels);
+
+  bool IsEmpty() const noexcept { return occupied_ == 0; }
+  void Push(unsigned level, std::uint32_t number);
+  // The next number; the queue must not be empty.
+  std::uint32_t Pop();
+
+ private:
+  struct Level {
+    std::vector<std::uint32_t> numbers;
+    std::size_t next = 0;  // those before it are out
+  };
+
+  std::vector<Level> levels_;
+  std::uint32_t occupied_ = 0;  // a bit for each level that is not empty
+};

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "framework/abstract_types/environment.h"
+#include "framework/base/export.h"
+
+// What it takes to go back: for each open level the domains that were written in it, as they were
+// before, and the constraints that were found entailed. A domain is saved at its first write of a
+// level only, so a level costs what it changed. Room once made is kept: in the steady state of a
+// search nothing is allocated.
+class KIV_EXPORT KivOmbiTrail {
+ public:
+  std::size_t GetLevel() const noexcept { return levels_.size(); }
+  // The stamp of the current level, different for each level that ever was; 0 outside all levels,
+  // where nothing needs to be saved.
+  std::uint64_t GetStamp() const noexcept { return levels_.empty() ? 0 : levels_.back().stamp; }
+
+  void PushLevel();
+  // Saves the domain of a variable; returns the number of bytes.
+  std::size_t SaveDomain(std::uint32_t number, KivOmbiVariable& variable);
+  void SaveEntailment(std::uint32_t constraint);
+  // Restores the domains of the last level, latest first, and calls `revive(constraint)` for each
+  // entailment. Throws std::bad_alloc when a domain finds no memory.
+  template <class Revive>
+  void PopLevel(std::vector<KivOmbiVariable>& variables, Revive&& revive) {
+    const Level level = levels_.back();
+    while (entries_.size() > level.entries) {
+      const Entry& entry = entries_.back();
+      if (entry.is_domain) {
+        RestoreDomain(entry, variables[entry.number]);
+      } else {
+        revive(entry.number);
+      }
+      entries_.pop_back();
+    }
+    states_.resize(level.states);
+    levels_.pop_back();
+  }
+
+ private:
+  struct Level {
+    std::size_t entries;
+    std::size_t states;
+    std::uint64_t stamp;
+  };
+  struct Entry {
+    std::uint32_t number;  // of the variable or constraint
+    bool is_domain;
+    KivOmbiDomainSummary summary;
+    std::uint64_t saved_at;  // the variable's, before
+    std::size_t state;       // where in states_
+  };
+
+  void RestoreDomain(const Entry& entry, KivOmbiVariable& variable);
+
+  std::vector<Level> levels_;
+  std::vector<Entry> entries_;
+  std::vector<std::byte> states_;
+  std::uint64_t last_stamp_ = 0;
+};

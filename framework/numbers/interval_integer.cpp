@@ -1,0 +1,328 @@
+#include "framework/numbers/interval_integer.h"
+
+#include <algorithm>
+
+#include "framework/numbers/bounds.h"
+#include "framework/numbers/number_descriptor.h"
+
+namespace {
+
+constexpr std::int32_t kMin = SubIntBase::kMin;
+constexpr std::int32_t kMax = SubIntBase::kMax;
+
+const char identity[] = "KivOmbIntervalInteger";
+const KivStreamableClass streamable(identity, KivOmbIntervalInteger::Build, 1);
+const KivOmbNumberDescriptor<KivOmbIntervalInteger> descriptor("interval int",
+                                                               KivOmbiInteger::sDescriptor, 0);
+
+}  // namespace
+
+const char* const KivOmbIntervalInteger::CastableIdent = identity;
+const KivOmbiObjectDescriptor* const KivOmbIntervalInteger::sDescriptor = &descriptor;
+
+KivOmbIntervalInteger::KivOmbIntervalInteger() = default;
+
+KivOmbIntervalInteger::KivOmbIntervalInteger(const SubdefInt& interval) {
+  if (interval.IsEmpty()) {
+    value_ = {kMax, kMin};
+  } else {
+    value_ = {interval.GetLower(), interval.GetUpper()};
+  }
+}
+
+KivOmbIntervalInteger::KivOmbIntervalInteger(KivStreamableInit init) : KivOmbiInteger(init) {}
+KivOmbIntervalInteger::KivOmbIntervalInteger(const KivOmbIntervalInteger& other) = default;
+KivOmbIntervalInteger::~KivOmbIntervalInteger() = default;
+
+KivOmbIntervalInteger& KivOmbIntervalInteger::operator=(const KivOmbIntervalInteger& other) {
+  Become(other.value_);
+  return *this;
+}
+
+KivOmbIntervalInteger* KivOmbIntervalInteger::DynamicCast(KivOmbiBase* object) {
+  return KivCast<KivOmbIntervalInteger>(object);
+}
+
+const KivOmbIntervalInteger* KivOmbIntervalInteger::DynamicCast(const KivOmbiBase* object) {
+  return KivCast<KivOmbIntervalInteger>(object);
+}
+
+KivStreamable* KivOmbIntervalInteger::Build(KivStreamable* object) {
+  return object != nullptr ? object : new KivOmbIntervalInteger(kKivStreamableInit);
+}
+
+KivOmbiDomainSummary KivOmbIntervalInteger::Summarize() const {
+  const auto state = CheckNil() != 0   ? KivOmbiDomainSummary::kNil
+                     : CheckAny() != 0 ? KivOmbiDomainSummary::kAny
+                                       : KivOmbiDomainSummary::kValues;
+  return {GetLowerBound(), GetUpperBound(), GetCardinality(), state};
+}
+
+const char* KivOmbIntervalInteger::CastableID() const { return CastableIdent; }
+
+// The record: lower bound, upper bound.
+void KivOmbIntervalInteger::Write(Kivopstream& out) const {
+  KivStreamable::Write(out);
+  out << GetLowerBound() << GetUpperBound();
+}
+
+void KivOmbIntervalInteger::Read(Kivipstream& in) {
+  KivStreamable::Read(in);
+  std::int32_t lower = kMax;
+  std::int32_t upper = kMin;
+  in >> lower >> upper;
+  Become(KivOmbIntervalInteger(SubdefInt(lower, upper)).value_);
+}
+
+int KivOmbIntervalInteger::IsDerivedFrom(const char* ident) const {
+  return ident == CastableIdent ? 1 : KivOmbiInteger::IsDerivedFrom(ident);
+}
+
+const KivOmbiObjectDescriptor* KivOmbIntervalInteger::GetDescriptor() const { return sDescriptor; }
+
+void KivOmbIntervalInteger::PrintOn(Kivostrstream& out) const {
+  if (CheckNil() != 0) {
+    out << "Nil";
+  } else if (CheckAny() != 0) {
+    out << "Any";
+  } else if (value_.lower == value_.upper) {
+    kiv::PrintNumber(out, GetLowerBound());
+  } else {
+    out << "[";
+    kiv::PrintNumber(out, GetLowerBound());
+    out << ", ";
+    kiv::PrintNumber(out, GetUpperBound());
+    out << "]";
+  }
+}
+
+void KivOmbIntervalInteger::InputValue(Kivistrstream& in) {
+  SetNilValue();
+  switch (CheckNumString(in)) {
+    case kKivInterval: {
+      const std::int32_t lower = GetSIValue(in);
+      char comma = '\0';
+      in >> ws >> comma;
+      const std::int32_t upper = GetSIValue(in);
+      char bracket = '\0';
+      in >> ws >> bracket;
+      if (comma != ',' || bracket != ']') return in.Clear(Kivpstream::kFailure);
+      Become(KivOmbIntervalInteger(SubdefInt(lower, upper)).value_);
+      return;
+    }
+    case kKivAny:
+      return Any();
+    case kKivNil:
+      return;
+    case kKivMin:
+    case kKivMinusInfinity:
+      return SetExactValue(kMin);
+    case kKivMax:
+    case kKivPlusInfinity:
+      return SetExactValue(kMax);
+    case kKivNumber: {
+      std::int32_t value = 0;
+      in >> value;
+      return SetExactValue(value);
+    }
+    default:  // a set in braces
+      in.Clear(Kivpstream::kFailure);
+  }
+}
+
+int KivOmbIntervalInteger::CheckAny() const noexcept {
+  return GetLowerBound() == kMin && GetUpperBound() == kMax;
+}
+
+int KivOmbIntervalInteger::CheckNil() const noexcept { return value_.lower > value_.upper; }
+
+void KivOmbIntervalInteger::Any() { Become({kMin, kMax}); }
+
+int KivOmbIntervalInteger::Nil() {
+  Become({kMax, kMin});
+  return 1;
+}
+
+int KivOmbIntervalInteger::Intersect(const SubdefInt& interval) {
+  return Narrow(interval.GetLower().GetValue(), interval.GetUpper().GetValue());
+}
+
+void KivOmbIntervalInteger::Assign(const KivOmbiAny& x) {
+  const KivOmbiInteger* operand = kiv::AsInteger(x);
+  if (operand == nullptr) {
+    Nil();
+  } else {
+    Become({operand->GetLowerBound(), operand->GetUpperBound()});
+  }
+}
+
+void KivOmbIntervalInteger::SetNilValue() { Nil(); }
+
+void KivOmbIntervalInteger::SetUndefinedValue() { Any(); }
+
+int KivOmbIntervalInteger::IsNil() const { return CheckNil(); }
+
+int KivOmbIntervalInteger::IsUndefined() const { return CheckAny(); }
+
+int KivOmbIntervalInteger::IsIntersected(const KivOmbiAny& x) const {
+  const KivOmbiInteger* operand = kiv::AsInteger(x);
+  if (CheckNil() != 0 || operand == nullptr) return 0;
+  if (GetCardinality() == 1) return operand->MayBe(GetLowerBound());
+  return GetLowerBound() <= operand->GetUpperBound() && operand->GetLowerBound() <= GetUpperBound();
+}
+
+void KivOmbIntervalInteger::Intersect(const KivOmbiAny& x) { CalcEqualValue(x); }
+
+void KivOmbIntervalInteger::Unite(const KivOmbiAny& x) {
+  const KivOmbiInteger* operand = kiv::AsInteger(x);
+  if (operand == nullptr) return;
+  Become({std::min(GetLowerBound(), operand->GetLowerBound()),
+          std::max(GetUpperBound(), operand->GetUpperBound())});
+}
+
+std::uint32_t KivOmbIntervalInteger::GetCardinality() const {
+  if (CheckNil() != 0) return 0;
+  return static_cast<std::uint32_t>(std::int64_t{GetUpperBound()} - GetLowerBound() + 1);
+}
+
+void KivOmbIntervalInteger::Bisect(KivOmbiObject& other, ValueSelection selection) {
+  if (CheckNil() != 0 || CheckAny() != 0) return;
+  auto* receiver = DynamicCast(&other);
+  if (receiver == nullptr || selection < kLowerHalf || selection > kGreatest) {
+    Nil();
+    return;
+  }
+  const std::int64_t lower = GetLowerBound();
+  const std::int64_t upper = GetUpperBound();
+  const std::int64_t middle = (lower + upper) >> 1;  // rounds down, for negative sums as well
+  // The last value of the lower part, and which part is handed over.
+  const std::int64_t cut = selection == kSmallest   ? lower
+                           : selection == kGreatest ? upper - 1
+                                                    : middle;
+  const bool give_lower = selection == kLowerHalf || selection == kSmallest;
+  receiver->Become(value_);
+  if (give_lower) {
+    receiver->Narrow(lower, cut);
+    Narrow(cut + 1, upper);
+  } else {
+    receiver->Narrow(cut + 1, upper);
+    Narrow(lower, cut);
+  }
+}
+
+int KivOmbIntervalInteger::CalcMinValue() { return Narrow(kMin, kMin); }
+
+int KivOmbIntervalInteger::CalcMaxValue() { return Narrow(kMax, kMax); }
+
+int KivOmbIntervalInteger::CalcZeroValue() { return Narrow(0, 0); }
+
+int KivOmbIntervalInteger::CalcOneValue() { return Narrow(1, 1); }
+
+int KivOmbIntervalInteger::CalcEqualValue(const KivOmbiAny& x) {
+  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
+    return Narrow(operand.GetLowerBound(), operand.GetUpperBound());
+  });
+}
+
+int KivOmbIntervalInteger::CalcInverseEqualValue(KivOmbiAny& x) const {
+  return x.CalcEqualValue(*this);
+}
+
+int KivOmbIntervalInteger::CalcLessOrEqualValue(const KivOmbiAny& x) {
+  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
+    return Narrow(kMin, operand.GetUpperBound());
+  });
+}
+
+int KivOmbIntervalInteger::CalcInverseLessOrEqualValue(KivOmbiAny& x) const {
+  return kiv::NarrowTargetAtLeast(*this, x, GetLowerBound());
+}
+
+int KivOmbIntervalInteger::CalcNotLessAndUnequalValue(const KivOmbiAny& x) {
+  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
+    return Narrow(kiv::StrictLowerBound(operand), kMax);
+  });
+}
+
+int KivOmbIntervalInteger::CalcInverseNotLessAndUnequalValue(KivOmbiAny& x) const {
+  return kiv::NarrowTargetAtMost(*this, x, kiv::StrictUpperBound(*this));
+}
+
+int KivOmbIntervalInteger::CalcLessValue(const KivOmbiScalar& x) {
+  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
+    return Narrow(kMin, kiv::StrictUpperBound(operand));
+  });
+}
+
+int KivOmbIntervalInteger::CalcInverseLessValue(KivOmbiScalar& x) const {
+  return kiv::NarrowTargetAtLeast(*this, x, kiv::StrictLowerBound(*this));
+}
+
+int KivOmbIntervalInteger::CalcNotLessValue(const KivOmbiScalar& x) {
+  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
+    return Narrow(operand.GetLowerBound(), kMax);
+  });
+}
+
+int KivOmbIntervalInteger::CalcInverseNotLessValue(KivOmbiScalar& x) const {
+  return kiv::NarrowTargetAtMost(*this, x, GetUpperBound());
+}
+
+int KivOmbIntervalInteger::CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) {
+  return kiv::Forward(*this, x, y, [&](const KivOmbiInteger& a, const KivOmbiInteger& b) {
+    const kiv::Bounds sum = kiv::SumBounds(a, b);
+    return Narrow(sum.lower.GetValue(), sum.upper.GetValue());
+  });
+}
+
+int KivOmbIntervalInteger::CalcFirstInverseSumValue(KivOmbiNumber& x,
+                                                    const KivOmbiNumber& y) const {
+  return kiv::NarrowTerm(*this, x, y);
+}
+
+void KivOmbIntervalInteger::SetExactValue(std::int32_t value) { Become({value, value}); }
+
+void KivOmbIntervalInteger::SetLowerBound(std::int32_t bound) { Narrow(bound, kMax); }
+
+void KivOmbIntervalInteger::SetUpperBound(std::int32_t bound) { Narrow(kMin, bound); }
+
+void KivOmbIntervalInteger::InsertExactValue(std::int32_t value) {
+  Become({std::min(GetLowerBound(), SubIntBase(value).GetValue()),
+          std::max(GetUpperBound(), SubIntBase(value).GetValue())});
+}
+
+int KivOmbIntervalInteger::RemoveExactValue(std::int32_t value) {
+  if (CheckNil() != 0 || CheckAny() != 0) return 0;
+  if (value == GetLowerBound()) return Narrow(std::int64_t{value} + 1, GetUpperBound());
+  if (value == GetUpperBound()) return Narrow(GetLowerBound(), std::int64_t{value} - 1);
+  return 0;
+}
+
+std::int32_t KivOmbIntervalInteger::GetLowerBound() const { return value_.lower.GetValue(); }
+
+std::int32_t KivOmbIntervalInteger::GetUpperBound() const { return value_.upper.GetValue(); }
+
+std::int32_t KivOmbIntervalInteger::GetNextExactValue(std::int32_t value) const {
+  if (CheckNil() != 0) return value;
+  return std::max(SubIntBase::Clamp(std::int64_t{value} + 1).GetValue(), GetLowerBound());
+}
+
+std::int32_t KivOmbIntervalInteger::GetPrevExactValue(std::int32_t value) const {
+  if (CheckNil() != 0) return value;
+  return std::min(SubIntBase::Clamp(std::int64_t{value} - 1).GetValue(), GetUpperBound());
+}
+
+int KivOmbIntervalInteger::Narrow(std::int64_t lower, std::int64_t upper) {
+  if (CheckNil() != 0) return 0;
+  lower = std::max<std::int64_t>(lower, GetLowerBound());
+  upper = std::min<std::int64_t>(upper, GetUpperBound());
+  if (lower > upper) return Nil();
+  return Become({SubIntBase::Clamp(lower), SubIntBase::Clamp(upper)});
+}
+
+int KivOmbIntervalInteger::Become(Value value) {
+  if (value == value_) return 0;
+  WillChange();
+  value_ = value;
+  return 1;
+}

@@ -1,0 +1,50 @@
+#include "solver/constraints/all_different.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "framework/abstract_types/constraints/narrowing.h"
+
+namespace kiv {
+
+namespace {
+
+const KivOmbiConstraintDescriptor descriptor("kiv::AllDifferent", 0, 0, true);
+
+unsigned CountFixed(const KivOmbiObjectEnvironment& environment) {
+  unsigned fixed = 0;
+  for (unsigned i = 0; i < environment.Count(); ++i) fixed += environment.Summary(i).IsFixed();
+  return fixed;
+}
+
+}  // namespace
+
+AllDifferent::AllDifferent() : KivOmbiConstraint(&descriptor) {}
+
+std::int64_t AllDifferent::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
+  unsigned fixed = CountFixed(environment);
+  for (unsigned before = 0; before != fixed; fixed = CountFixed(environment)) {
+    before = fixed;
+    for (unsigned i = 0; i < environment.Count(); ++i) {
+      if (!environment.Summary(i).IsFixed()) continue;
+      const std::int32_t value = environment.Summary(i).lower;
+      for (unsigned j = 0; j < environment.Count(); ++j) {
+        if (j == i) continue;
+        if (const auto result = RemoveValue(environment, j, value)) return result;
+      }
+    }
+  }
+  return fixed == environment.Count() ? kKivAtFixpoint | kKivEntailed : kKivAtFixpoint;
+}
+
+KivOmbiConstraint::Cost AllDifferent::GetCost() const { return kLinear; }
+
+std::int64_t AllDifferent::GetWakingEvents(unsigned, unsigned) const { return kKivFixed; }
+
+bool AllDifferent::Holds(std::span<const std::int64_t> values) const {
+  std::vector<std::int64_t> sorted(values.begin(), values.end());
+  std::ranges::sort(sorted);
+  return std::ranges::adjacent_find(sorted) == sorted.end();
+}
+
+}  // namespace kiv

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "framework/abstract_types/constraint.h"
+
+namespace kiv {
+
+// No two of its integers are equal. Removes the value of a fixed argument from all others.
+class AllDifferent final : public KivOmbiConstraint {
+ public:
+  AllDifferent();
+
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
+  Cost GetCost() const override;
+  std::int64_t GetWakingEvents(unsigned index, unsigned arguments) const override;
+  bool Holds(std::span<const std::int64_t> values) const override;
+};
+
+}  // namespace kiv

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+
+#include "framework/abstract_types/environment.h"
+
+namespace kiv {
+
+// The most values that a constraint looks at one by one; beyond it, bounds have to do.
+inline constexpr std::uint32_t kMostListedValues = 4096;
+
+inline bool IsListable(const KivOmbiDomainSummary& summary) {
+  return summary.state == KivOmbiDomainSummary::kValues && summary.cardinality <= kMostListedValues;
+}
+
+// Calls `use(value)` for the values of a listable domain in ascending order. `use` may remove the
+// value it is given, or any below it.
+template <class Use>
+void ForEachValue(const KivOmbiInteger& domain, const KivOmbiDomainSummary& summary, Use&& use) {
+  const std::int32_t last = summary.upper;
+  for (std::int32_t value = summary.lower; value < last;) {
+    const std::int32_t next = domain.GetNextExactValue(value);
+    use(value);
+    value = next;
+  }
+  use(last);
+}
+
+// Removes the values of listable argument i for which `keep` is false. False when none is left.
+template <class Keep>
+bool FilterValues(const KivOmbiObjectEnvironment& environment, unsigned i, Keep&& keep) {
+  const KivOmbiDomainSummary summary = environment.Summary(i);
+  return environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
+    int changed = 0;
+    ForEachValue(domain, summary, [&](std::int32_t value) {
+      if (!keep(value)) changed |= domain.RemoveExactValue(value);
+    });
+    return changed;
+  });
+}
+
+}  // namespace kiv

@@ -1,0 +1,315 @@
+#include "solver/language/expression_compiler.h"
+
+#include <array>
+#include <utility>
+
+#include "framework/abstract_types/boolean.h"
+#include "framework/abstract_types/integer.h"
+#include "solver/constraints/scaling.h"
+#include "solver/language/constant_folding.h"
+#include "solver/language/declared_domain.h"
+#include "solver/language/near_name.h"
+#include "solver/language/operator_precedence.h"
+
+namespace kiv {
+namespace {
+
+std::string OutOfRange(std::int64_t value) {
+  return "the constant " + std::to_string(value) + " is outside " + std::to_string(kLeastInteger) +
+         ".." + std::to_string(kGreatestInteger);
+}
+
+}  // namespace
+
+ExpressionCompiler::ExpressionCompiler(CompiledModel& model, const Vocabulary& vocabulary,
+                                       const Scope& scope, ExpansionBudget& budget,
+                                       Diagnostics& diagnostics)
+    : model_(model),
+      vocabulary_(vocabulary),
+      scope_(scope),
+      budget_(budget),
+      diagnostics_(diagnostics),
+      constant_kind_(*vocabulary.FindKind("int")) {}
+
+std::optional<Operand> ExpressionCompiler::Compile(const Expression& expression) {
+  const SourceRange range = expression.range;
+  std::optional<Operand> operand;
+  if (const auto* integer = std::get_if<IntegerLiteral>(&expression.form)) {
+    operand = Operand{integer->value, KivOmbNetwork::kNone, range};
+  } else if (const auto* truth = std::get_if<BooleanLiteral>(&expression.form)) {
+    operand = CompileTruth(truth->value, range);
+  } else if (const auto* reference = std::get_if<Reference>(&expression.form)) {
+    operand = CompileReference(*reference, range);
+  } else if (const auto* unary = std::get_if<UnaryApplication>(&expression.form)) {
+    operand = Compile(*unary->operand);
+    if (operand) operand = ApplyUnary(unary->symbol, *operand, range);
+  } else if (const auto* chain = std::get_if<Chain>(&expression.form)) {
+    operand = CompileChain(*chain);
+  } else {
+    operand = CompileCall(std::get<Call>(expression.form), range);
+  }
+  // Parentheses belong to what a message shows.
+  if (operand) operand->range = range;
+  return operand;
+}
+
+std::optional<std::int64_t> ExpressionCompiler::CompileConstant(const Expression& expression,
+                                                                const char* what) {
+  const std::optional<Operand> operand = Compile(expression);
+  if (!operand) return std::nullopt;
+  if (!operand->constant) {
+    diagnostics_.Add(expression.range,
+                     std::string(what) + " must be made of numbers, parameters and loop variables");
+  }
+  return operand->constant;
+}
+
+std::optional<KivOmbNetwork::VariableId> ExpressionCompiler::GetVariable(const Operand& operand) {
+  if (!operand.constant) return operand.variable;
+  if (!IsModelInteger(*operand.constant)) {
+    diagnostics_.Add(operand.range, OutOfRange(*operand.constant));
+    return std::nullopt;
+  }
+  const auto value = static_cast<std::int32_t>(*operand.constant);
+  if (const auto found = fixed_integers_.find(value); found != fixed_integers_.end()) {
+    return found->second;
+  }
+  const auto variable = AddVariable(constant_kind_, operand.range);
+  if (!variable) return std::nullopt;
+  model_.GetNetwork().Update(*variable, [value](KivOmbiAny& domain) {
+    domain.SetNilValue();
+    static_cast<KivOmbiInteger&>(domain).InsertExactValue(value);
+  });
+  fixed_integers_.emplace(value, *variable);
+  return variable;
+}
+
+std::optional<KivOmbNetwork::VariableId> ExpressionCompiler::AddVariable(
+    const KivOmbiObjectDescriptor& kind, SourceRange range) {
+  if (!budget_.Spend(1, range, diagnostics_)) return std::nullopt;
+  return model_.GetNetwork().AddVariable(kind);
+}
+
+const KivOmbiObjectDescriptor& ExpressionCompiler::GetKind(const Operand& operand) const {
+  return operand.constant ? constant_kind_ : model_.GetNetwork().GetKind(operand.variable);
+}
+
+std::optional<Operand> ExpressionCompiler::CompileTruth(bool value, SourceRange range) {
+  auto& fixed = fixed_truths_[value ? 1 : 0];
+  if (!fixed) {
+    const KivOmbiObjectDescriptor* kind = vocabulary_.FindKind("bool");
+    if (kind == nullptr) {
+      diagnostics_.Add(range, "no module that is loaded has the kind 'bool'");
+      return std::nullopt;
+    }
+    fixed = AddVariable(*kind, range);
+    if (!fixed) return std::nullopt;
+    model_.GetNetwork().Update(*fixed, [value](KivOmbiAny& domain) {
+      static_cast<KivOmbiBoolean&>(domain).CalcTruthValue(value);
+    });
+  }
+  return Operand{std::nullopt, *fixed, range};
+}
+
+std::optional<Operand> ExpressionCompiler::CompileReference(const Reference& reference,
+                                                            SourceRange range) {
+  const Scope::Entry* entry = scope_.Find(reference.name);
+  if (entry == nullptr) {
+    std::vector<std::string> names = scope_.GetNames();
+    names.insert(names.end(), {"solve", "param", "for", "true", "false"});
+    diagnostics_.Add(
+        range, "unknown name '" + reference.name + '\'' + SuggestNearName(reference.name, names));
+    return std::nullopt;
+  }
+  if (std::holds_alternative<Scope::Broken>(entry->meaning)) return std::nullopt;
+  if (const auto* array = std::get_if<Scope::Array>(&entry->meaning)) {
+    return CompileElement(*array, reference, range);
+  }
+  if (reference.index != nullptr) {
+    diagnostics_.Add(range, '\'' + reference.name + "' is no array");
+    return std::nullopt;
+  }
+  if (const auto* constant = std::get_if<Scope::Constant>(&entry->meaning)) {
+    return Operand{constant->value, KivOmbNetwork::kNone, range};
+  }
+  return Operand{std::nullopt, std::get<Scope::Scalar>(entry->meaning).variable, range};
+}
+
+std::optional<Operand> ExpressionCompiler::CompileElement(const Scope::Array& array,
+                                                          const Reference& reference,
+                                                          SourceRange range) {
+  const std::string bounds = "1.." + std::to_string(array.size);
+  if (reference.index == nullptr) {
+    diagnostics_.Add(range, '\'' + reference.name + "' is an array with indices " + bounds +
+                                "; write '" + reference.name + "[...]'");
+    return std::nullopt;
+  }
+  const auto index = CompileConstant(*reference.index, "an index");
+  if (!index) return std::nullopt;
+  if (*index < 1 || *index > array.size) {
+    diagnostics_.Add(reference.index->range, "the index " + std::to_string(*index) + " of '" +
+                                                 reference.name + "' is outside " + bounds);
+    return std::nullopt;
+  }
+  return Operand{std::nullopt, array.first + static_cast<std::uint32_t>(*index - 1), range};
+}
+
+std::optional<Operand> ExpressionCompiler::CompileChain(const Chain& chain) {
+  std::optional<Operand> value = Compile(chain.operands[0]);
+  for (std::size_t i = 0; i < chain.operators.size(); ++i) {
+    const std::optional<Operand> right = Compile(chain.operands[i + 1]);
+    if (!right) {
+      value.reset();
+    } else if (value) {
+      value = ApplyBinary(chain.operators[i], *value, *right);
+    }
+  }
+  return value;
+}
+
+std::optional<Operand> ExpressionCompiler::CompileCall(const Call& call, SourceRange range) {
+  if (call.name.text == "all_different") {
+    diagnostics_.Add(call.name.range,
+                     "'all_different' is a constraint of its own, not part of an expression");
+    return std::nullopt;
+  }
+  const KivOmbiOperatorTable& operators = vocabulary_.GetOperators();
+  const bool known = !operators.FindRows(call.name.text, 1).empty() ||
+                     !operators.FindRows(call.name.text, 2).empty();
+  if (!known) {
+    std::vector<std::string> names = {"all_different"};
+    for (const Row* row : operators.GetRows()) names.push_back(row->GetSymbol());
+    diagnostics_.Add(call.name.range, "unknown function '" + call.name.text + '\'' +
+                                          SuggestNearName(call.name.text, names));
+    return std::nullopt;
+  }
+  std::vector<Operand> arguments;
+  for (const Expression& argument : call.arguments) {
+    if (std::optional<Operand> operand = Compile(argument)) arguments.push_back(*operand);
+  }
+  if (arguments.size() != call.arguments.size()) return std::nullopt;
+  if (arguments.size() == 1) return ApplyUnary(call.name, arguments[0], range);
+  if (arguments.size() == 2) return ApplyBinary(call.name, arguments[0], arguments[1]);
+  diagnostics_.Add(call.name.range, '\'' + call.name.text + "' does not take " +
+                                        std::to_string(arguments.size()) + " arguments");
+  return std::nullopt;
+}
+
+std::optional<Operand> ExpressionCompiler::ApplyUnary(const Word& symbol, const Operand& operand,
+                                                      SourceRange range) {
+  if (operand.constant) {
+    const FoldedConstant folded = FoldUnary(symbol.text, *operand.constant);
+    if (folded.value) return Operand{folded.value, KivOmbNetwork::kNone, range};
+    if (!folded.error.empty()) {
+      diagnostics_.Add(symbol.range, folded.error);
+      return std::nullopt;
+    }
+  }
+  const Row* row = FindRow(symbol, {&operand});
+  if (row == nullptr || !CheckPropagates(*row, symbol, {&operand})) return std::nullopt;
+  return Post(*row, operand, nullptr, true, range);
+}
+
+std::optional<Operand> ExpressionCompiler::ApplyBinary(const Word& symbol, const Operand& left,
+                                                       const Operand& right) {
+  if (GetPrecedence(symbol.text) == Precedence::kRelation) {
+    return ApplyRelation(symbol, left, right);
+  }
+  const SourceRange range = Join(left.range, right.range);
+  if (left.constant && right.constant) {
+    const FoldedConstant folded = FoldBinary(symbol.text, *left.constant, *right.constant);
+    if (folded.value) return Operand{folded.value, KivOmbNetwork::kNone, range};
+    if (!folded.error.empty()) {
+      diagnostics_.Add(symbol.range, folded.error);
+      return std::nullopt;
+    }
+  }
+  const Row* row = FindRow(symbol, {&left, &right});
+  if (row == nullptr) return std::nullopt;
+  if (symbol.text == "*" && left.constant) return ApplyScaling(*row, left, right, range);
+  if (symbol.text == "*" && right.constant) return ApplyScaling(*row, right, left, range);
+  if (!CheckPropagates(*row, symbol, {&left, &right})) return std::nullopt;
+  return Post(*row, left, &right, true, range);
+}
+
+std::optional<Operand> ExpressionCompiler::ApplyRelation(const Word& symbol, const Operand& left,
+                                                         const Operand& right) {
+  const Row* row = FindRow(symbol, {&left, &right});
+  if (row == nullptr || !CheckPropagates(*row, symbol, {&left, &right})) return std::nullopt;
+  if (!Post(*row, left, &right, false, Join(left.range, right.range))) return std::nullopt;
+  return right;
+}
+
+std::optional<Operand> ExpressionCompiler::ApplyScaling(const Row& row, const Operand& coefficient,
+                                                        const Operand& operand, SourceRange range) {
+  if (!IsModelInteger(*coefficient.constant)) {
+    diagnostics_.Add(coefficient.range, OutOfRange(*coefficient.constant));
+    return std::nullopt;
+  }
+  const auto result = AddVariable(*row.GetResult(), range);
+  if (!result || !budget_.Spend(1, range, diagnostics_)) return std::nullopt;
+  const std::array arguments = {operand.variable, *result};
+  model_.AddOrigin(model_.GetNetwork().Emplace<Scaling>(
+                       arguments, static_cast<std::int32_t>(*coefficient.constant)),
+                   range);
+  return Operand{std::nullopt, *result, range};
+}
+
+const KivOmbiCompoundObjectDescriptor* ExpressionCompiler::FindRow(
+    const Word& symbol, const std::vector<const Operand*>& operands) {
+  std::vector<const KivOmbiObjectDescriptor*> kinds;
+  for (const Operand* operand : operands) kinds.push_back(&GetKind(*operand));
+  const KivOmbiOperatorTable& operators = vocabulary_.GetOperators();
+  if (const Row* row = operators.Resolve(symbol.text, kinds)) return row;
+
+  std::vector<std::string> notes;
+  const auto count = static_cast<unsigned>(operands.size());
+  for (const Row* row : operators.FindRows(symbol.text, count)) notes.push_back(DescribeRow(*row));
+  if (notes.empty()) {
+    diagnostics_.Add(symbol.range, "no module that is loaded has an operator '" + symbol.text +
+                                       "' with " + std::to_string(count) +
+                                       (count == 1 ? " operand" : " operands"));
+  } else {
+    notes.insert(notes.begin(), '\'' + symbol.text + "' is known for:");
+    diagnostics_.Add(symbol.range,
+                     "operator '" + symbol.text + "' is not known for " + DescribeKinds(operands),
+                     notes);
+  }
+  return nullptr;
+}
+
+bool ExpressionCompiler::CheckPropagates(const Row& row, const Word& symbol,
+                                         const std::vector<const Operand*>& operands) {
+  if (row.GetConstraint()->CanPropagate()) return true;
+  diagnostics_.Add(symbol.range, "operator '" + symbol.text + "' on " + DescribeKinds(operands) +
+                                     ": its constraint (" + row.GetConstraint()->GetName() +
+                                     ") cannot propagate yet");
+  return false;
+}
+
+std::optional<Operand> ExpressionCompiler::Post(const Row& row, const Operand& left,
+                                                const Operand* right, bool has_result,
+                                                SourceRange range) {
+  const auto first = GetVariable(left);
+  const auto second = right != nullptr ? GetVariable(*right) : std::optional(KivOmbNetwork::kNone);
+  if (!first || !second || !budget_.Spend(1, range, diagnostics_)) return std::nullopt;
+  KivOmbNetwork::VariableId result = KivOmbNetwork::kNone;
+  if (has_result) {
+    const auto added = AddVariable(*row.GetResult(), range);
+    if (!added) return std::nullopt;
+    result = *added;
+  }
+  model_.AddOrigin(model_.GetNetwork().Post(row, *first, *second, result), range);
+  return Operand{std::nullopt, result, range};
+}
+
+std::string ExpressionCompiler::DescribeKinds(const std::vector<const Operand*>& operands) const {
+  std::string text;
+  for (const Operand* operand : operands) {
+    if (!text.empty()) text += ", ";
+    text += GetKind(*operand).GetName();
+  }
+  return text;
+}
+
+}  // namespace kiv
