@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <iostream>
 #include <iterator>
 #include <memory>
 #include <random>
@@ -24,6 +23,8 @@
 namespace {
 
 using kiv::bench::kDensities;
+using kiv::bench::RandomHalf;
+using kiv::bench::RandomSet;
 using kiv::bench::Shape;
 using kiv::reference::EnumSet;
 
@@ -158,60 +159,77 @@ const std::vector<Kernel>& Kernels() {
   return kernels;
 }
 
-std::vector<Instance> MakeInstances(const Kernel& kernel, const Shape& shape) {
-  std::mt19937 random(static_cast<unsigned>(shape.size));
-  std::vector<Instance> instances(kInstances);
-  for (auto& [sets, domains] : instances) {
-    kernel.make(shape, random, sets);
-    domains = {ToDomain(sets.z), ToDomain(sets.x), ToDomain(sets.y), {}};
-  }
-  return instances;
-}
+// A kernel over sets of one shape.
+class Case {
+ public:
+  Case(const Kernel& kernel, const Shape& shape) : kernel_(kernel), shape_(shape) {}
 
-// Whether all contenders give the same codes and the same sets.
-bool Agree(const Kernel& kernel, std::vector<Instance>& instances) {
-  return std::all_of(instances.begin(), instances.end(), [&](Instance& instance) {
-    const Contender& literal = kernel.contenders.front();
-    const int code = literal.narrow(instance);
-    const EnumSet set = literal.narrowed(instance);
+  std::string Name() const {
+    return std::string(kernel_.name) + "/" + shape_.density.name + "/" +
+           std::to_string(shape_.size);
+  }
+
+  // Measures the contender, unless the contenders disagree: then there is nothing to measure.
+  void Measure(benchmark::State& state, const Contender& contender) {
+    if (instances_.empty()) Prepare();
+    if (!agree_) {
+      state.SkipWithError("the contenders disagree");
+      return;
+    }
+    for (auto _ : state) {
+      for (Instance& instance : instances_) benchmark::DoNotOptimize(contender.narrow(instance));
+    }
+  }
+
+ private:
+  // Not before the case is measured: a filter may leave it out.
+  void Prepare() {
+    std::mt19937 random(static_cast<unsigned>(shape_.size));
+    instances_.resize(kInstances);
+    for (auto& [sets, domains] : instances_) {
+      kernel_.make(shape_, random, sets);
+      domains = {ToDomain(sets.z), ToDomain(sets.x), ToDomain(sets.y), {}};
+    }
+    agree_ = std::all_of(instances_.begin(), instances_.end(),
+                         [&](Instance& instance) { return Agree(instance); });
+  }
+
+  // Whether all contenders give the same code and the same set.
+  bool Agree(Instance& instance) const {
+    const Contender& first = kernel_.contenders.front();
+    const int code = first.narrow(instance);
+    const EnumSet set = first.narrowed(instance);
     return std::all_of(
-        kernel.contenders.begin() + 1, kernel.contenders.end(), [&](const Contender& contender) {
+        kernel_.contenders.begin(), kernel_.contenders.end(), [&](const Contender& contender) {
           return contender.narrow(instance) == code && contender.narrowed(instance) == set;
         });
-  });
-}
-
-// A benchmark checks before it measures, and does not measure what is wrong.
-void Measure(benchmark::State& state, const Kernel& kernel, const Contender& contender,
-             const Shape& shape) {
-  std::vector<Instance> instances = MakeInstances(kernel, shape);
-  if (!Agree(kernel, instances)) {
-    state.SkipWithError("the contenders disagree");
-    return;
   }
-  for (auto _ : state) {
-    for (Instance& instance : instances) benchmark::DoNotOptimize(contender.narrow(instance));
-  }
-}
 
-void RegisterAll() {
+  const Kernel& kernel_;
+  Shape shape_;
+  std::vector<Instance> instances_;
+  bool agree_ = false;
+};
+
+// Returns the names of all cases.
+std::vector<std::string> RegisterAll() {
+  std::vector<std::string> names;
   for (const Kernel& kernel : Kernels()) {
     for (const auto& density : kDensities) {
       for (const std::size_t size : {2, 16, 256}) {
+        const auto measured = std::make_shared<Case>(kernel, Shape{density, size});
+        names.push_back(measured->Name());
         for (const Contender& contender : kernel.contenders) {
-          const std::string name = std::string(kernel.name) + "/" + density.name + "/" +
-                                   std::to_string(size) + "/" + contender.name;
           benchmark::RegisterBenchmark(
-              name.c_str(),
-              [&kernel, &contender, shape = Shape{density, size}](benchmark::State& state) {
-                Measure(state, kernel, contender, shape);
-              })
+              (names.back() + "/" + contender.name).c_str(),
+              [=](benchmark::State& state) { measured->Measure(state, contender); })
               ->MinTime(0.01)
               ->Repetitions(5);
         }
       }
     }
   }
+  return names;
 }
 
 }  // namespace
@@ -225,8 +243,7 @@ int main(int argc, char** argv) {
   int count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());
   if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return EXIT_FAILURE;
-  RegisterAll();
-  kiv::bench::RatioTable table;
+  kiv::bench::RatioTable table(RegisterAll());
   benchmark::RunSpecifiedBenchmarks(&table);
   return table.Succeeded() ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -18,11 +18,8 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
     }
     if (run.run_type != Run::RT_Iteration) continue;
     const std::size_t slash = name.rfind('/');
-    const std::string measured = name.substr(0, slash);
-    const std::string contender = name.substr(slash + 1);
-    if (!times_.contains(measured)) cases_.push_back(measured);
     const double time = run.GetAdjustedCPUTime();
-    const auto [entry, added] = times_[measured].emplace(contender, time);
+    const auto [entry, added] = times_[name.substr(0, slash)].emplace(name.substr(slash + 1), time);
     if (!added) entry->second = std::min(entry->second, time);
   }
 }
@@ -34,7 +31,7 @@ void RatioTable::Finalize() {
   for (const std::string& measured : cases_) {
     const Times& times = times_[measured];
     const auto module_time = times.find("module");
-    if (module_time == times.end()) continue;  // left out by a filter
+    if (module_time == times.end()) continue;
     out << std::left << std::setw(32) << measured << std::right;
     for (const auto& [contender, time] : times) {
       if (contender == module_time->first) continue;

@@ -4,15 +4,19 @@
 
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kiv::bench {
 
 // Prints no times but one line per case, with the ratios of every other contender's time to that of
-// the contender named "module". Benchmarks are named "kernel/density/size/contender". Of several
-// repetitions the fastest counts, which other work on the machine disturbed least.
+// the contender named "module". Benchmarks are named by their case, "/" and the contender. Of
+// several repetitions the fastest counts, which other work on the machine disturbed least.
 class RatioTable : public benchmark::BenchmarkReporter {
  public:
+  // `cases` in the order of the lines; one of which nothing was measured has no line.
+  explicit RatioTable(std::vector<std::string> cases) : cases_(std::move(cases)) {}
+
   bool ReportContext(const Context& context) override;
   void ReportRuns(const std::vector<Run>& runs) override;
   void Finalize() override;
@@ -23,7 +27,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
  private:
   using Times = std::map<std::string, double>;  // processor time by contender
 
-  std::vector<std::string> cases_;  // in the order in which they ran
+  std::vector<std::string> cases_;
   std::map<std::string, Times> times_;
   bool succeeded_ = true;
 };

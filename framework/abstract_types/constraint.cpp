@@ -1,5 +1,6 @@
 #include "framework/abstract_types/constraint.h"
 
+#include <array>
 #include <vector>
 
 KivOmbiConstraint::~KivOmbiConstraint() = default;
@@ -22,10 +23,20 @@ void KivOmbiConstraint::ActivateByArgument(unsigned, std::int64_t events, KivOmb
 }
 
 std::int64_t KivOmbiConstraint::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  if (!environment.AllFixed()) return kKivAtFixpoint;
-  std::vector<std::int64_t> values(environment.Count());
-  for (unsigned i = 0; i < environment.Count(); ++i) values[i] = environment.Summary(i).lower;
-  return Holds(values) ? kKivAtFixpoint | kKivEntailed : kKivContradiction;
+  return Settle(environment) | kKivAtFixpoint;
+}
+
+KivOmbiFilterResult KivOmbiConstraint::Settle(const KivOmbiObjectEnvironment& environment) const {
+  if (!environment.AllFixed()) return 0;
+  // Most constraints have few arguments; those need no memory.
+  std::array<std::int64_t, 4> few;
+  std::vector<std::int64_t> many;
+  const unsigned count = environment.Count();
+  if (count > few.size()) many.resize(count);
+  const std::span<std::int64_t> values =
+      count > few.size() ? std::span(many) : std::span(few).first(count);
+  for (unsigned i = 0; i < count; ++i) values[i] = environment.Summary(i).lower;
+  return Holds(values) ? kKivEntailed : kKivContradiction;
 }
 
 KivOmbiConstraint::Cost KivOmbiConstraint::GetCost() const { return kTernary; }

@@ -54,6 +54,10 @@ class KIV_EXPORT KivOmbiConstraint : public KivOmbiObject {
   explicit KivOmbiConstraint(const KivOmbiConstraintDescriptor* descriptor)
       : descriptor_(descriptor) {}
 
+  // What a run ends with that narrowed all it could: once every argument is fixed, the ground truth
+  // decides; before, 0.
+  KivOmbiFilterResult Settle(const KivOmbiObjectEnvironment& environment) const;
+
  private:
   const KivOmbiConstraintDescriptor* descriptor_;
   std::uint32_t number_ = 0;

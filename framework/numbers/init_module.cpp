@@ -22,7 +22,8 @@ using InverseFactory = KivOmbiOperator (&)(const KivString&, KivOmbiKind, KivOmb
                                            KivOmbiKind, KivOmbiKind);
 
 void AddOperators(KivOmbiModule& module, const Kinds& kinds) {
-  const auto [operand, carrier] = kinds;
+  const KivOmbiKind operand = kinds.operand;
+  const KivOmbiKind carrier = kinds.carrier;
   const auto binary = [&](BinaryFactory create, const char* symbol, KivOmbiKind constraint) {
     module.AddObjectDescriptor(create(symbol, operand, operand, carrier, constraint));
   };

@@ -5,7 +5,7 @@
 namespace kiv {
 
 // No two of its integers are equal. Removes the value of a fixed argument from all others.
-class AllDifferent final : public KivOmbiConstraint {
+class KIV_EXPORT AllDifferent final : public KivOmbiConstraint {
  public:
   AllDifferent();
 

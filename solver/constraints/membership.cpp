@@ -31,7 +31,7 @@ std::int64_t Membership::Filter(const KivOmbiObjectEnvironment& environment, std
   if (IsListable(environment.Summary(kX)) && !FilterValues(environment, kX, is_member)) {
     return kKivContradiction;
   }
-  return environment.AllFixed() ? kKivEntailed : 0;
+  return Settle(environment);
 }
 
 KivOmbiConstraint::Cost Membership::GetCost() const { return kUnary; }

@@ -9,7 +9,7 @@ namespace kiv {
 
 // Its one integer is among given values: the part of a declared domain that a kind cannot hold
 // itself.
-class Membership final : public KivOmbiConstraint {
+class KIV_EXPORT Membership final : public KivOmbiConstraint {
  public:
   // `values` ascending, without duplicates, not empty.
   explicit Membership(std::vector<std::int32_t> values);

@@ -106,7 +106,7 @@ std::int64_t Scaling::Filter(const KivOmbiObjectEnvironment& environment, std::i
       return kKivContradiction;
     }
   }
-  return environment.AllFixed() ? kKivEntailed : 0;
+  return Settle(environment);
 }
 
 KivOmbiConstraint::Cost Scaling::GetCost() const { return kBinary; }

@@ -8,7 +8,7 @@ namespace kiv {
 
 // z = coefficient * x over two integers (x, z) of any kinds. Narrows value by value where both hold
 // few, by bounds otherwise.
-class Scaling final : public KivOmbiConstraint {
+class KIV_EXPORT Scaling final : public KivOmbiConstraint {
  public:
   explicit Scaling(std::int32_t coefficient);
 

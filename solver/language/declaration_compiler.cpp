@@ -142,11 +142,9 @@ const KivOmbiObjectDescriptor* DeclarationCompiler::FindKind(const Word& kind) {
   const KivOmbiObjectDescriptor* found = vocabulary_.FindKind(kind.text);
   if (found == nullptr) {
     const std::vector<std::string> names = vocabulary_.GetKindNames();
-    std::string list;
-    for (const std::string& name : names) list += (list.empty() ? "'" : ", '") + name + '\'';
     diagnostics_.Add(kind.range,
                      "unknown kind '" + kind.text + '\'' + SuggestNearName(kind.text, names),
-                     {"kinds: " + list});
+                     {"kinds: " + ListNames(names)});
   }
   return found;
 }

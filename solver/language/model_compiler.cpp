@@ -40,7 +40,8 @@ class ModelCompiler {
     for (const auto& [name, value] : options_.parameters) {
       if (!declarations_.HasParameter(name)) {
         diagnostics_.Add("the model has no parameter '" + name + '\'' +
-                         SuggestNearName(name, declarations_.GetParameters()));
+                             SuggestNearName(name, declarations_.GetParameters()),
+                         {"parameters: " + ListNames(declarations_.GetParameters())});
       }
     }
     return diagnostics_.IsEmpty() ? std::move(model_) : nullptr;
@@ -65,23 +66,28 @@ class ModelCompiler {
       CompileAllDifferent(*call, expression.range);
       return;
     }
-    const auto* chain = std::get_if<Chain>(&expression.form);
-    const std::string_view symbol = chain != nullptr ? chain->operators.front().text : "";
-    const bool relation = chain != nullptr && GetPrecedence(symbol) == Precedence::kRelation;
     const std::optional<Operand> value = expressions_.Compile(expression);
+    const Word* symbol = FindOutermostOperator(expression);
+    const bool relation = symbol != nullptr && GetPrecedence(symbol->text) == Precedence::kRelation;
     if (!value || relation) return;
 
     for (const auto& [question, assertion] : kAssertions) {
-      if (symbol == question) {
-        diagnostics_.Add(chain->operators.front().range, '\'' + std::string(question) +
-                                                             "' asserts nothing; did you mean '" +
-                                                             std::string(assertion) + "'?");
+      if (symbol != nullptr && symbol->text == question) {
+        diagnostics_.Add(symbol->range, "this asserts nothing: '" + std::string(question) +
+                                            "' only has a truth value; did you mean '" +
+                                            std::string(assertion) + "'?");
         return;
       }
     }
     diagnostics_.Add(expression.range,
                      "this asserts nothing; a constraint is a relation such as 'x = y' or "
                      "'all_different(...)'");
+  }
+
+  // The operator that is applied last, or null when that is none between two operands.
+  static const Word* FindOutermostOperator(const Expression& expression) {
+    const auto* chain = std::get_if<Chain>(&expression.form);
+    return chain != nullptr ? &chain->operators.back() : nullptr;
   }
 
   void CompileAllDifferent(const Call& call, SourceRange range) {

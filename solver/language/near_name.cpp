@@ -53,4 +53,10 @@ std::string SuggestNearName(std::string_view name, const std::vector<std::string
   return near ? "; did you mean '" + *near + "'?" : std::string();
 }
 
+std::string ListNames(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) list += (list.empty() ? "'" : ", '") + name + '\'';
+  return list.empty() ? "none" : list;
+}
+
 }  // namespace kiv

@@ -19,4 +19,7 @@ KIV_EXPORT std::optional<std::string> FindNearName(std::string_view name,
 KIV_EXPORT std::string SuggestNearName(std::string_view name,
                                        const std::vector<std::string>& candidates);
 
+// "'a', 'b'", or "none".
+KIV_EXPORT std::string ListNames(const std::vector<std::string>& names);
+
 }  // namespace kiv

@@ -38,7 +38,7 @@ struct SearchLeaf {
 // two through its kind's own Bisect, lower half first, and goes on until each variable has one
 // value. Only `decisions` are split while any of them is open, then the others. The network is left
 // at the level at which it was found. Depth is limited by memory alone.
-class BisectionSearch {
+class KIV_EXPORT BisectionSearch {
  public:
   BisectionSearch(KivOmbNetwork& network, std::vector<KivOmbNetwork::VariableId> decisions);
 

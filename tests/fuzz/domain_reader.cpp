@@ -37,7 +37,7 @@ bool AreEqual(const KivOmbEnumInteger& a, const KivOmbEnumInteger& b) {
   return true;
 }
 
-// A set with the leftover flag of Any reads back as Any; all others read back as they were.
+// A set that was read has no leftover flag of Any, so its record reads back as the same set.
 void RequireRoundTrip(const KivOmbEnumInteger& domain) {
   std::stringstream bytes;
   Kivopstream out(bytes);

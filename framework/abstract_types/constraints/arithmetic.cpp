@@ -59,7 +59,7 @@ std::int64_t KivOmbiAdditionConstraint::Filter(const KivOmbiObjectEnvironment& e
       return result;
     }
   }
-  return environment.AllFixed() ? kKivEntailed : 0;
+  return Settle(environment);
 }
 
 bool KivOmbiAdditionConstraint::Holds(std::span<const std::int64_t> values) const {

@@ -31,43 +31,45 @@ struct Hull {
   std::int64_t upper;
 };
 
-Hull HullOf(const KivOmbiDomainSummary& summary);
+KIV_EXPORT Hull HullOf(const KivOmbiDomainSummary& summary);
 
 // Argument i >= bound, and <= bound. A bound at or beyond the end of the integers is none, unless
 // it leaves nothing.
-KivOmbiFilterResult TightenLower(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                 std::int64_t bound);
-KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                 std::int64_t bound);
+KIV_EXPORT KivOmbiFilterResult TightenLower(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                            std::int64_t bound);
+KIV_EXPORT KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                            std::int64_t bound);
 
 // Argument i <> value.
-KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                std::int32_t value);
+KIV_EXPORT KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                           std::int32_t value);
 
 // Makes argument i empty.
-KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment, unsigned i);
+KIV_EXPORT KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment, unsigned i);
 
 // Argument i = argument j, of the same type.
-KivOmbiFilterResult Equate(const KivOmbiObjectEnvironment& environment, unsigned i, unsigned j);
+KIV_EXPORT KivOmbiFilterResult Equate(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                      unsigned j);
 
 // Argument i <> argument j; with kKivEntailed when that can no longer fail.
-KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsigned i, unsigned j);
+KIV_EXPORT KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                        unsigned j);
 
 // Argument `small` + gap <= argument `large`, gap >= 0; with kKivEntailed when that can no longer
 // fail.
-KivOmbiFilterResult Order(const KivOmbiObjectEnvironment& environment, unsigned small,
-                          unsigned large, int gap);
+KIV_EXPORT KivOmbiFilterResult Order(const KivOmbiObjectEnvironment& environment, unsigned small,
+                                     unsigned large, int gap);
 
 // Argument i as a domain of `kind`: itself or a converted copy (in scratch object `scratch`), or
 // null when that kind cannot tell what is possible for it.
-const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environment, unsigned i,
-                            const KivOmbiObjectDescriptor& kind, unsigned scratch);
+KIV_EXPORT const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                       const KivOmbiObjectDescriptor& kind, unsigned scratch);
 
 // What has to be done about a target all of whose candidates lie in `candidates`, before they are
 // looked at one by one: the target's bounds, and what is beyond the range of integers. `unknown` is
 // set when the target must stay unknown, since some candidates are beyond the range.
-KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment, unsigned target,
-                                 const Hull& candidates, bool& unknown);
+KIV_EXPORT KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment,
+                                            unsigned target, const Hull& candidates, bool& unknown);
 
 // Narrows argument `target` to what arguments a and b can produce: all candidates lie in
 // `candidates`, and `compute(target, a, b)`, on domains of the kind `carrier`, narrows the target

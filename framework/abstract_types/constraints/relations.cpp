@@ -15,16 +15,14 @@ const KivOmbiOperatorConstraintDescriptor<KivOmbiLessOrEqualTernaryConstraint> l
 const KivOmbiOperatorConstraintDescriptor<KivOmbiLessTernaryConstraint> less(
     "KivOmbiLessTernaryConstraint", kArguments, 1, true);
 
-// `relation` is what narrowing l and r gave; adds that v, where there is one, equals the operand
-// written on the right. With a v, the relation is done only when everything is fixed.
-std::int64_t WithValue(const KivOmbiObjectEnvironment& environment, unsigned written_right,
-                       std::int64_t relation) {
-  if ((relation & (kKivContradiction | kKivOverflow)) != 0) return relation;
-  if (environment.Count() < kArguments) {
-    return environment.AllFixed() ? relation | kKivEntailed : relation;
-  }
-  if (const auto result = kiv::Equate(environment, kValue, written_right)) return result;
-  return environment.AllFixed() ? kKivEntailed : 0;
+// `relation` is what narrowing l and r gave. Unless that ends the run, adds that v, where there is
+// one, equals the operand written on the right; the relation alone is then not the whole of the
+// constraint.
+KivOmbiFilterResult WithValue(const KivOmbiObjectEnvironment& environment, unsigned written_right,
+                              KivOmbiFilterResult relation) {
+  const bool ends = (relation & (kKivContradiction | kKivOverflow)) != 0;
+  if (ends || environment.Count() < kArguments) return relation;
+  return kiv::Equate(environment, kValue, written_right);
 }
 
 bool HasValue(std::span<const std::int64_t> values, unsigned written_right) {
@@ -51,7 +49,9 @@ KivOmbiEqualTernaryConstraint::~KivOmbiEqualTernaryConstraint() = default;
 
 std::int64_t KivOmbiEqualTernaryConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                    std::int64_t) {
-  return WithValue(environment, GetWrittenRight(), kiv::Equate(environment, kLeft, kRight));
+  const auto result =
+      WithValue(environment, GetWrittenRight(), kiv::Equate(environment, kLeft, kRight));
+  return result != 0 ? result : Settle(environment);
 }
 
 KivOmbiConstraint::Cost KivOmbiEqualTernaryConstraint::GetCost() const { return kBinary; }
@@ -75,7 +75,9 @@ KivOmbiUnequalTernaryConstraint::~KivOmbiUnequalTernaryConstraint() = default;
 
 std::int64_t KivOmbiUnequalTernaryConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                      std::int64_t) {
-  return WithValue(environment, GetWrittenRight(), kiv::Separate(environment, kLeft, kRight));
+  const auto result =
+      WithValue(environment, GetWrittenRight(), kiv::Separate(environment, kLeft, kRight));
+  return result != 0 ? result : Settle(environment);
 }
 
 KivOmbiConstraint::Cost KivOmbiUnequalTernaryConstraint::GetCost() const { return kBinary; }
@@ -100,7 +102,9 @@ KivOmbiLessOrEqualTernaryConstraint::~KivOmbiLessOrEqualTernaryConstraint() = de
 
 std::int64_t KivOmbiLessOrEqualTernaryConstraint::Filter(
     const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  return WithValue(environment, GetWrittenRight(), kiv::Order(environment, kRight, kLeft, 0));
+  const auto result =
+      WithValue(environment, GetWrittenRight(), kiv::Order(environment, kRight, kLeft, 0));
+  return result != 0 ? result : Settle(environment);
 }
 
 KivOmbiConstraint::Cost KivOmbiLessOrEqualTernaryConstraint::GetCost() const { return kBinary; }
@@ -124,7 +128,9 @@ KivOmbiLessTernaryConstraint::~KivOmbiLessTernaryConstraint() = default;
 
 std::int64_t KivOmbiLessTernaryConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                   std::int64_t) {
-  return WithValue(environment, GetWrittenRight(), kiv::Order(environment, kRight, kLeft, 1));
+  const auto result =
+      WithValue(environment, GetWrittenRight(), kiv::Order(environment, kRight, kLeft, 1));
+  return result != 0 ? result : Settle(environment);
 }
 
 KivOmbiConstraint::Cost KivOmbiLessTernaryConstraint::GetCost() const { return kBinary; }

@@ -42,7 +42,7 @@ KivOmbiAbsoluteConstraint::KivOmbiAbsoluteConstraint(const KivOmbiCompoundObject
 KivOmbiAbsoluteConstraint::~KivOmbiAbsoluteConstraint() = default;
 
 bool KivOmbiAbsoluteConstraint::Holds(std::span<const std::int64_t> values) const {
-  return llabs(values[kA]);
+  return values[kZ] == std::llabs(values[kA]);
 }
 
 const KivOmbiObjectDescriptor* const KivOmbiNextConstraint::sDescriptor = &next;
@@ -81,7 +81,7 @@ bool KivOmbiEqualConstraint::Holds(std::span<const std::int64_t> values) const {
 std::int64_t KivOmbiEqualConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                             std::int64_t) {
   if (const auto result = kiv::Equate(environment, kA, kZ)) return result;
-  return environment.AllFixed() ? kKivEntailed : 0;
+  return Settle(environment);
 }
 
 KivOmbiConstraint::Cost KivOmbiEqualConstraint::GetCost() const { return kBinary; }

@@ -14,7 +14,7 @@ class KIV_EXPORT KivOmbiNumberNegationConstraint final : public KivOmbiOperatorC
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
-// Arguments a, z: z = |a|.:values[kZ] == std:
+// Arguments a, z: z = |a|.
 class KIV_EXPORT KivOmbiAbsoluteConstraint final : public KivOmbiOperatorConstraint {
  public:
   static const KivOmbiObjectDescriptor* const sDescriptor;
@@ -34,7 +34,7 @@ class KIV_EXPORT KivOmbiNextConstraint final : public KivOmbiOperatorConstraint 
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
-// Arguments a, z: a = sign(z).:kiv::ground_truth:
+// Arguments a, z: a = sign(z).
 class KIV_EXPORT KivOmbiSignumConstraint final : public KivOmbiOperatorConstraint {
  public:
   static const KivOmbiObjectDescriptor* const sDescriptor;

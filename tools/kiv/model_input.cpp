@@ -1,0 +1,87 @@
+#include "tools/kiv/model_input.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <utility>
+
+#include "solver/language/model_compiler.h"
+#include "tools/kiv/output.h"
+
+namespace kiv {
+namespace {
+
+constexpr const char* kStandardModules[] = {"KivOmbEnumIntegers"};
+
+std::string ReadText(const std::string& file) {
+  std::ostringstream text;
+  if (file == "-") {
+    text << std::cin.rdbuf();
+    return std::move(text).str();
+  }
+  std::error_code error;
+  if (std::filesystem::is_directory(file, error)) throw InputError(file + ": is a directory");
+  errno = 0;
+  std::ifstream in(file, std::ios::binary);
+  if (in && in.peek() != std::ifstream::traits_type::eof()) text << in.rdbuf();
+  if (in.bad() || !in.is_open()) throw InputError(file + ": " + std::strerror(errno));
+  return std::move(text).str();
+}
+
+std::map<std::string, std::int64_t> ReadDefinitions(const std::vector<std::string>& definitions) {
+  std::map<std::string, std::int64_t> values;
+  for (const std::string& definition : definitions) {
+    const std::size_t sign = definition.find('=');
+    if (sign == 0 || sign == std::string::npos) {
+      throw InputError("-D " + definition + ": expected name=value, as in -D n=12");
+    }
+    const char* const begin = definition.data() + sign + 1;
+    const char* const end = definition.data() + definition.size();
+    std::int64_t value = 0;
+    const auto [rest, error] = std::from_chars(begin, end, value);
+    if (error != std::errc{} || rest != end) {
+      throw InputError("-D " + definition + ": the value is no integer of 64 bits");
+    }
+    values[definition.substr(0, sign)] = value;
+  }
+  return values;
+}
+
+}  // namespace
+
+void OpenModules(const ModuleOptions& options, KivOmbiModuleManager& manager) {
+  const auto open = [&manager](const std::string& name) {
+    if (manager.OpenModule(name) == nullptr) throw InputError(manager.GetError());
+  };
+  for (const char* name : kStandardModules) open(name);
+  for (const std::string& name : options.load) open(name);
+}
+
+void ModelOptions::AddTo(CLI::App& command) {
+  command.add_option("MODEL", file, "The file of the model, or - for standard input")->required();
+  command
+      .add_option("-D,--define", definitions, "Gives the parameter NAME of the model another value")
+      ->type_name("NAME=VALUE")
+      ->allow_extra_args(false);
+}
+
+LoadedModel LoadModel(const ModelOptions& options, const ModuleOptions& modules) {
+  CompileOptions compile_options;
+  compile_options.parameters = ReadDefinitions(options.definitions);
+  KivOmbiModuleManager manager;
+  OpenModules(modules, manager);
+
+  LoadedModel loaded;
+  loaded.source = std::make_unique<SourceText>(options.file == "-" ? "<stdin>" : options.file,
+                                               ReadText(options.file));
+  Diagnostics diagnostics(*loaded.source);
+  loaded.model = ReadModel(*loaded.source, Vocabulary(manager), compile_options, diagnostics);
+  diagnostics.PrintOn(std::cerr);
+  return loaded;
+}
+
+}  // namespace kiv
