@@ -216,7 +216,7 @@ std::vector<std::string> RegisterAll() {
   std::vector<std::string> names;
   for (const Kernel& kernel : Kernels()) {
     for (const auto& density : kDensities) {
-      for (const std::size_t size : {2, 16, 256}) {
+      for (const std::size_t size : {2U, 16U, 256U}) {
         const auto measured = std::make_shared<Case>(kernel, Shape{density, size});
         names.push_back(measured->Name());
         for (const Contender& contender : kernel.contenders) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <stdexcept>
 
 namespace {
@@ -135,6 +136,7 @@ void KivOmbNetwork::Run(ConstraintId id) {
 
 void KivOmbNetwork::Fail(Outcome outcome, std::optional<ConstraintId> culprit) {
   outcome_ = outcome;
+  outcome_level_ = GetLevel();
   culprit_ = culprit;
 }
 
@@ -161,13 +163,19 @@ std::optional<KivOmbNetwork::ConstraintId> KivOmbNetwork::FindViolated() const {
   return std::nullopt;
 }
 
-void KivOmbNetwork::PushLevel() { trail_.PushLevel(); }
+void KivOmbNetwork::PushLevel() {
+  assert(queue_.IsEmpty() || outcome_ != Outcome::kFixpoint);
+  trail_.PushLevel();
+}
 
 void KivOmbNetwork::PopLevel() {
   ClearQueue();
   trail_.PopLevel(variables_, [&](ConstraintId id) { constraints_[id].entailed = false; });
-  outcome_ = Outcome::kFixpoint;
-  culprit_.reset();
+  // A level opened on top of a contradiction goes without ending it.
+  if (outcome_level_ > GetLevel()) {
+    outcome_ = Outcome::kFixpoint;
+    culprit_.reset();
+  }
   if (overflow_level_ > GetLevel()) overflow_.reset();
   // What a constraint posted at the level concluded is gone with the level; the constraint is not.
   for (LatePost& late : late_posts_) {

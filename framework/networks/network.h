@@ -160,6 +160,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   KivOmbiPropagationQueue queue_{KivOmbiConstraint::kCostLevels};
   KivOmbiTrail trail_;
   Outcome outcome_ = Outcome::kFixpoint;
+  std::size_t outcome_level_ = 0;  // where outcome_ became what it is
   std::optional<ConstraintId> culprit_;
   // A constraint that found only values beyond the range for an unknown variable, and where.
   std::optional<ConstraintId> overflow_;

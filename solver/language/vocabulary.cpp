@@ -6,8 +6,8 @@ bool IsKind(const KivOmbiObjectDescriptor& descriptor) {
   return descriptor.GetNumberOfArguments() == 0;
 }
 
-Vocabulary::Vocabulary(const KivOmbiModuleManager& manager) {
-  for (const KivOmbiModule* module : manager.GetModules()) {
+Vocabulary::Vocabulary(const std::vector<KivOmbiModule*>& modules) {
+  for (const KivOmbiModule* module : modules) {
     operators_.Add(*module);
     for (const KivOmbiObjectDescriptor* descriptor : module->GetObjectDescriptors()) {
       if (IsKind(*descriptor) && descriptor->GetObjectSize() > 0) kinds_.push_back(descriptor);

@@ -17,8 +17,8 @@ KIV_EXPORT bool IsKind(const KivOmbiObjectDescriptor& descriptor);
 // What loaded modules let a model say: the kinds of which there are variables and the operators.
 class KIV_EXPORT Vocabulary {
  public:
-  // Of all modules that `manager` has opened.
-  explicit Vocabulary(const KivOmbiModuleManager& manager);
+  // Of these modules in this order, such as all that a manager has opened.
+  explicit Vocabulary(const std::vector<KivOmbiModule*>& modules);
 
   // The kind of this display name, or null.
   const KivOmbiObjectDescriptor* FindKind(std::string_view name) const;

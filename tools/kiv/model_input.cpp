@@ -79,7 +79,8 @@ LoadedModel LoadModel(const ModelOptions& options, const ModuleOptions& modules)
   loaded.source = std::make_unique<SourceText>(options.file == "-" ? "<stdin>" : options.file,
                                                ReadText(options.file));
   Diagnostics diagnostics(*loaded.source);
-  loaded.model = ReadModel(*loaded.source, Vocabulary(manager), compile_options, diagnostics);
+  loaded.model =
+      ReadModel(*loaded.source, Vocabulary(manager.GetModules()), compile_options, diagnostics);
   diagnostics.PrintOn(std::cerr);
   return loaded;
 }

@@ -100,7 +100,7 @@ KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsign
       return kKivEntailed;
     }
   }
-  return 0;
+  return kKivAtFixpoint;
 }
 
 KivOmbiFilterResult Order(const KivOmbiObjectEnvironment& environment, unsigned small,
@@ -112,7 +112,7 @@ KivOmbiFilterResult Order(const KivOmbiObjectEnvironment& environment, unsigned 
   if (const auto result = TightenLower(environment, large, base.lower + gap)) return result;
   const bool entailed =
       HullOf(environment.Summary(small)).upper + gap <= HullOf(environment.Summary(large)).lower;
-  return entailed ? kKivEntailed : 0;
+  return entailed ? kKivEntailed : kKivAtFixpoint;
 }
 
 const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environment, unsigned i,

@@ -51,12 +51,12 @@ KIV_EXPORT KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment
 KIV_EXPORT KivOmbiFilterResult Equate(const KivOmbiObjectEnvironment& environment, unsigned i,
                                       unsigned j);
 
-// Argument i <> argument j; with kKivEntailed when that can no longer fail.
+// Argument i <> argument j; kKivEntailed when that can no longer fail, else kKivAtFixpoint.
 KIV_EXPORT KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsigned i,
                                         unsigned j);
 
-// Argument `small` + gap <= argument `large`, gap >= 0; with kKivEntailed when that can no longer
-// fail.
+// Argument `small` + gap <= argument `large`, gap >= 0; kKivEntailed when that can no longer fail,
+// else kKivAtFixpoint.
 KIV_EXPORT KivOmbiFilterResult Order(const KivOmbiObjectEnvironment& environment, unsigned small,
                                      unsigned large, int gap);
 

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs `kiv` with the given arguments; without any it solves
+# examples/send_more_money.kiv. Only kiv writes to standard output.
+#
+#   ./run.sh
+#   ./run.sh solve --all examples/queens.kiv
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+source "$root/scripts/setup.sh"
+
+build() {
+  need_build_tools
+  cd "$root"
+  # A tree that test.sh configured is used as it stands.
+  [ -f build/release/build.ninja ] || cmake --preset release -DKIV_TESTS=OFF
+  cmake --build --preset release --target kiv
+}
+(build) >&2
+
+[ $# -gt 0 ] || set -- solve "$root/examples/send_more_money.kiv"
+exec "$root/build/release/bin/kiv" "$@"

@@ -1,0 +1,3 @@
+#include "framework/calculator/module_manager.h"
+
+extern "C" KIV_EXPORT int InitModule(KivOmbiModule*, KivOmbiModuleManager*) { return 0; }

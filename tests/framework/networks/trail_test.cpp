@@ -1,0 +1,84 @@
+// What a level costs: the domains that it changed, each once.
+
+#include "framework/networks/trail.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/enumeration.h"
+#include "tests/support/modules.h"
+
+namespace kiv::test {
+namespace {
+
+class TrailCost : public testing::Test {
+ protected:
+  void Remove(std::int32_t value) {
+    network_.Update(x_, [&](KivOmbiAny& domain) {
+      static_cast<KivOmbiInteger&>(domain).RemoveExactValue(value);
+    });
+  }
+  std::uint64_t Saves() const { return network_.GetStatistics().saves; }
+
+  KivOmbNetwork network_;
+  KivOmbNetwork::VariableId x_ =
+      Declare(network_, {OpenModules().FindKind("enum int"), {1, 2, 3, 4, 5, 6}});
+};
+
+TEST_F(TrailCost, NothingIsSavedOutsideAllLevels) {
+  Remove(1);
+  EXPECT_EQ(Saves(), 0u);
+}
+
+TEST_F(TrailCost, ACallThatNarrowsNothingSavesNothing) {
+  network_.PushLevel();
+  Remove(77);
+  network_.Update(x_, [](KivOmbiAny& domain) { domain.Intersect(domain); });
+  network_.Update(x_, [](KivOmbiAny& domain) {
+    EXPECT_EQ(domain.CalcLessOrEqualValue(domain), 0);
+    EXPECT_EQ(domain.CalcEqualValue(domain), 0);
+  });
+  EXPECT_EQ(Saves(), 0u);
+}
+
+TEST_F(TrailCost, ADomainIsSavedOnceALevelHoweverOftenItChanges) {
+  network_.PushLevel();
+  Remove(1);
+  Remove(2);
+  EXPECT_EQ(Saves(), 1u);
+  network_.PushLevel();
+  Remove(3);
+  Remove(4);
+  EXPECT_EQ(Saves(), 2u);
+  network_.PopLevel();
+  Remove(5);  // the level below has saved it already
+  EXPECT_EQ(Saves(), 2u);
+  EXPECT_EQ(ValuesOf(network_, x_), (Values{3, 4, 6}));
+  network_.PopLevel();
+  EXPECT_EQ(ValuesOf(network_, x_), (Values{1, 2, 3, 4, 5, 6}));
+}
+
+TEST_F(TrailCost, ALevelOpenedAgainSavesAgain) {
+  for (int round = 0; round < 3; ++round) {
+    network_.PushLevel();
+    Remove(3);
+    EXPECT_EQ(ValuesOf(network_, x_), (Values{1, 2, 4, 5, 6}));
+    network_.PopLevel();
+    EXPECT_EQ(ValuesOf(network_, x_), (Values{1, 2, 3, 4, 5, 6}));
+  }
+  EXPECT_EQ(Saves(), 3u);
+}
+
+TEST_F(TrailCost, ALevelWithoutChangesCostsNothing) {
+  KivOmbiTrail trail;
+  trail.PushLevel();
+  const auto first = trail.GetStamp();
+  trail.PushLevel();
+  EXPECT_NE(trail.GetStamp(), first);
+  std::vector<KivOmbiVariable> none;
+  trail.PopLevel(none, [](std::uint32_t) { FAIL() << "nothing was entailed"; });
+  EXPECT_EQ(trail.GetStamp(), first);
+  EXPECT_EQ(trail.GetLevel(), 1u);
+}
+
+}  // namespace
+}  // namespace kiv::test

@@ -1,0 +1,239 @@
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/tools/run_command.h"
+
+namespace kiv::test {
+namespace {
+
+CommandResult OnModel(const std::string& model, std::vector<std::string> arguments) {
+  CommandSettings settings;
+  settings.input = model;
+  arguments.push_back("-");
+  return RunKiv(arguments, settings);
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+constexpr const char* kThree = "x : enum int = [1, 3]; solve;";
+constexpr const char* kMany = "x, y, z : enum int = [1, 1000]; solve;";
+
+TEST(SolveCommand, PrintsTheFirstSolutionUnlessAskedForMore) {
+  const CommandResult first = OnModel(kThree, {"solve"});
+  EXPECT_EQ(first.output, "x = 1\n----------\n");
+  EXPECT_EQ(first.errors, "1 solution\n");
+  EXPECT_EQ(first.exit_code, 0);
+
+  EXPECT_EQ(OnModel(kThree, {"solve", "-n", "2"}).output, "x = 1\n----------\nx = 2\n----------\n");
+  EXPECT_EQ(OnModel(kThree, {"solve", "-n", "9"}).errors, "3 solutions\n");
+  EXPECT_EQ(OnModel(kThree, {"solve", "-a"}).errors, "3 solutions\n");
+  EXPECT_EQ(OnModel(kThree, {"solve", "--all"}).errors, "3 solutions\n");
+}
+
+TEST(SolveCommand, PrintsNamesInOrderOfDeclarationAndArraysInOneLine) {
+  const CommandResult result = OnModel(
+      "param n : int = 2; b[n] : enum int = 7; a : bool = true; e[0] : int; c[1] : int = -3; "
+      "solve;",
+      {"solve"});
+  EXPECT_EQ(result.output, "b = [7, 7]\na = true\ne = []\nc = [-3]\n----------\n");
+}
+
+TEST(SolveCommand, WritesNothingWithoutASolution) {
+  const CommandResult result = OnModel("x : enum int = [1, 3]; x > 3; solve;", {"solve", "-a"});
+  EXPECT_EQ(result.output, "");
+  EXPECT_EQ(result.errors, "no solution\n");
+  EXPECT_EQ(result.exit_code, 1);
+}
+
+TEST(SolveCommand, NeverCallsAnUnknownValueSolved) {
+  const CommandResult one = OnModel("x : enum int; solve;", {"solve"});
+  EXPECT_EQ(one.output, "x = Any\n~~~~~~~~~~\n");
+  EXPECT_EQ(one.errors, "1 possibility left unknown: x stays Any\n");
+  EXPECT_EQ(one.exit_code, 3);
+
+  const CommandResult all =
+      OnModel("x : enum int = [1, 2]; y[2] : enum int; solve;", {"solve", "-a"});
+  EXPECT_EQ(all.output, "x = 1\ny = [Any, Any]\n~~~~~~~~~~\nx = 2\ny = [Any, Any]\n~~~~~~~~~~\n");
+  EXPECT_EQ(all.errors, "2 possibilities left unknown: y[1], y[2] stay Any\n");
+  EXPECT_EQ(all.exit_code, 3);
+}
+
+TEST(SolveCommand, TakesParametersFromTheCommandLine) {
+  const std::string model = "param n : int = 3; x : int = n; solve;";
+  EXPECT_EQ(OnModel(model, {"solve"}).output, "x = 3\n----------\n");
+  EXPECT_EQ(OnModel(model, {"solve", "-D", "n=-12"}).output, "x = -12\n----------\n");
+  EXPECT_EQ(OnModel(model, {"solve", "--define", "n=4", "-Dn=5"}).output, "x = 5\n----------\n");
+}
+
+TEST(SolveCommand, RefusesParametersThatAreNone) {
+  const std::string model = "param count : int = 3; solve;";
+  const CommandResult misspelt = OnModel(model, {"solve", "-D", "cuont=4"});
+  EXPECT_EQ(misspelt.exit_code, 2);
+  EXPECT_EQ(misspelt.errors,
+            "<stdin>: error: the model has no parameter 'cuont'; did you mean 'count'?\n"
+            "  parameters: 'count'\n");
+  for (const char* definition :
+       {"count", "=3", "count=", "count=x", "count=3x", "count= 3", "count=99999999999999999999"}) {
+    const CommandResult result = OnModel(model, {"solve", "-D", definition});
+    EXPECT_EQ(result.exit_code, 2) << definition;
+    EXPECT_EQ(result.errors.rfind("kiv: -D " + std::string(definition) + ": ", 0), 0u)
+        << result.errors;
+  }
+  const CommandResult large = OnModel(model, {"solve", "-D", "count=2147483647"});
+  EXPECT_EQ(large.exit_code, 2);
+  EXPECT_NE(large.errors.find("2147483647 given for 'count' is outside"), std::string::npos);
+}
+
+TEST(SolveCommand, RefusesFilesThatCannotBeRead) {
+  const CommandResult missing = RunKiv({"solve", "/nonexistent/model.kiv"});
+  EXPECT_EQ(missing.exit_code, 2);
+  EXPECT_EQ(missing.errors, "kiv: /nonexistent/model.kiv: No such file or directory\n");
+  const CommandResult folder = RunKiv({"solve", KIV_SOURCE_DIR});
+  EXPECT_EQ(folder.exit_code, 2);
+  EXPECT_EQ(folder.errors, "kiv: " KIV_SOURCE_DIR ": is a directory\n");
+}
+
+TEST(SolveCommand, StopsOnASignalAndKeepsWhatItFound) {
+  for (const int signal : {SIGINT, SIGTERM}) {
+    CommandSettings settings;
+    settings.input = kMany;
+    settings.stop_signal = signal;
+    const CommandResult result = RunKiv({"solve", "--all", "-"}, settings);
+    EXPECT_EQ(result.exit_code, 130);
+    EXPECT_EQ(result.output.rfind("x = 1\ny = 1\nz = 1\n----------\n", 0), 0u);
+    EXPECT_TRUE(result.output.ends_with("----------\n"));
+    EXPECT_EQ(result.errors.rfind("interrupted; ", 0), 0u) << result.errors;
+    EXPECT_NE(result.errors.find(" so far\n"), std::string::npos);
+  }
+}
+
+TEST(SolveCommand, SaysWhenItsOutputDoesNotArrive) {
+  CommandSettings full;
+  full.input = kThree;
+  full.output_file = "/dev/full";
+  const CommandResult disk = RunKiv({"solve", "-"}, full);
+  EXPECT_EQ(disk.exit_code, 4);
+  EXPECT_EQ(disk.errors, "kiv: cannot write to standard output: No space left on device\n");
+
+  CommandSettings closed;
+  closed.input = kMany;
+  closed.close_output = true;
+  const CommandResult pipe = RunKiv({"solve", "--all", "-"}, closed);
+  EXPECT_EQ(pipe.exit_code, 4);
+  EXPECT_EQ(pipe.errors, "kiv: cannot write to standard output: Broken pipe\n");
+}
+
+TEST(PropagateCommand, PrintsTheDomains) {
+  const CommandResult result = OnModel(
+      "x : enum int = { 1, 5, 7, 9 }; y : interval int = [0, 100]; z : int; b : bool; "
+      "x < 8; y = x; solve;",
+      {"propagate"});
+  EXPECT_EQ(result.output, "x = { 1, 5, 7 }\ny = [1, 7]\nz = Any\nb = Any\n");
+  EXPECT_EQ(result.errors, "");
+  EXPECT_EQ(result.exit_code, 0);
+}
+
+TEST(PropagateCommand, NamesTheConstraintOfAContradiction) {
+  const CommandResult result =
+      OnModel("x : enum int = [1, 3];\n  x + 1  >\n 4;\nsolve;", {"propagate"});
+  EXPECT_EQ(result.output, "");
+  EXPECT_EQ(result.errors, "contradiction at <stdin>:2:3: x + 1 > 4\n");
+  EXPECT_EQ(result.exit_code, 1);
+}
+
+TEST(OperatorsCommand, ListsTheRowsOfOneModule) {
+  const CommandResult result = RunKiv({"operators", "--module", "KivOmbEnumIntegers", "--tsv"});
+  const std::vector<std::string> lines = Lines(result.output);
+  ASSERT_EQ(lines.size(), 93u);
+  EXPECT_EQ(lines.front(),
+            "+\tKivOmbiCreateBinaryOperator\tint,enum int,enum int\tKivOmbiAdditionConstraint");
+  EXPECT_EQ(lines[51],
+            "-\tKivOmbiCreateFirstInverseBinaryOperator\tint,enum int,enum int,enum int\t"
+            "KivOmbiAdditionConstraint");
+  EXPECT_EQ(lines.back(),
+            "mod\tKivOmbiCreateBinaryOperator\tinteger,enum int,enum int\t"
+            "KivOmbiRemainderConstraint");
+  EXPECT_EQ(result.exit_code, 0);
+}
+
+TEST(OperatorsCommand, ShowsATableOfAllRowsToPeople) {
+  const std::vector<std::string> table = Lines(RunKiv({"operators"}).output);
+  const std::vector<std::string> rows = Lines(RunKiv({"operators", "--tsv"}).output);
+  ASSERT_EQ(table.size(), rows.size() + 1);
+  EXPECT_GT(rows.size(), 93u);
+  EXPECT_EQ(table.front().rfind("SYMBOL ", 0), 0u);
+  // The columns are aligned.
+  const std::size_t factory = table.front().find("FACTORY");
+  for (const std::string& line : table) {
+    if (&line != &table.front()) EXPECT_EQ(line.find("KivOmbiCreate"), factory) << line;
+  }
+}
+
+TEST(OperatorsCommand, SaysWhyAModuleCannotBeOpened) {
+  const CommandResult result = RunKiv({"operators", "--module", "NoSuchModule"});
+  EXPECT_EQ(result.exit_code, 2);
+  EXPECT_NE(result.errors.find("NoSuchModule"), std::string::npos);
+  EXPECT_EQ(RunKiv({"--load", "NoSuchModule", "kinds"}).exit_code, 2);
+  EXPECT_EQ(RunKiv({"kinds", "--load", "NoSuchModule"}).exit_code, 2);
+}
+
+TEST(KindsCommand, ListsKindsWithTheirParents) {
+  const CommandResult result = RunKiv({"kinds"});
+  const std::string text = '\n' + result.output;
+  for (const char* line : {"any", "int < integer < number < scalar < any",
+                           "interval int < integer < number < scalar < any", "bool < boolean < any",
+                           "enum int < integer < number < scalar < any"}) {
+    EXPECT_NE(text.find('\n' + std::string(line) + '\n'), std::string::npos) << line;
+  }
+  EXPECT_EQ(text.find("Constraint"), std::string::npos);
+  EXPECT_EQ(result.exit_code, 0);
+}
+
+TEST(Command, ExplainsItself) {
+  const CommandResult help = RunKiv({"--help"});
+  EXPECT_EQ(help.exit_code, 0);
+  EXPECT_EQ(help.errors, "");
+  for (const char* command : {"solve", "propagate", "operators", "kinds"}) {
+    EXPECT_NE(help.output.find(command), std::string::npos);
+    const CommandResult own = RunKiv({command, "--help"});
+    EXPECT_EQ(own.exit_code, 0);
+    EXPECT_NE(own.output.find("Example"), std::string::npos) << command;
+  }
+  EXPECT_EQ(RunKiv({"--version"}).output.rfind("kiv ", 0), 0u);
+}
+
+TEST(Command, RefusesWrongArguments) {
+  const std::vector<std::vector<std::string>> wrong = {{},
+                                                       {"sovle"},
+                                                       {"solve"},
+                                                       {"solve", "a", "b"},
+                                                       {"solve", "-n", "0", "-"},
+                                                       {"solve", "-n", "x", "-"},
+                                                       {"solve", "-a", "-n", "2", "-"},
+                                                       {"operators", "--nonsense"}};
+  for (const auto& arguments : wrong) {
+    const CommandResult result = RunKiv(arguments);
+    EXPECT_EQ(result.exit_code, 2) << testing::PrintToString(arguments);
+    EXPECT_EQ(result.output, "");
+    EXPECT_NE(result.errors, "");
+  }
+}
+
+TEST(Command, EndsWithTwoForAModelThatIsWrong) {
+  const CommandResult result = OnModel("x : enum int = [1, 3];\nx = y;\nsolve;\n", {"solve"});
+  EXPECT_EQ(result.exit_code, 2);
+  EXPECT_EQ(result.output, "");
+  EXPECT_EQ(result.errors, "<stdin>:2:5: error: unknown name 'y'\n  x = y;\n      ^\n");
+}
+
+}  // namespace
+}  // namespace kiv::test

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/tools/run_command.h"
+
+namespace kiv::test {
+namespace {
+
+// A fenced block of a page: what stands behind the opening fence, and the lines up to the closing
+// one.
+struct Block {
+  std::string tag;
+  std::string text;
+  int line = 0;
+};
+
+std::vector<Block> ReadBlocks(const std::string& page) {
+  std::vector<Block> blocks;
+  std::istringstream in(ReadSourceFile(page));
+  bool inside = false;
+  int number = 0;
+  for (std::string line; std::getline(in, line);) {
+    ++number;
+    if (line.starts_with("```")) {
+      inside = !inside;
+      if (inside) blocks.push_back({line.substr(3), "", number});
+    } else if (inside) {
+      blocks.back().text += line + '\n';
+    }
+  }
+  return blocks;
+}
+
+class Documentation : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = testing::TempDir() + "kiv_documentation_XXXXXX";
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+
+  // Runs a block "kiv SUBCOMMAND OPTIONS" on its text as model.kiv.
+  CommandResult Run(const Block& model) {
+    std::ofstream(folder_ / "model.kiv") << model.text;
+    std::istringstream words(model.tag.substr(4));
+    std::vector<std::string> arguments;
+    for (std::string word; words >> word;) arguments.push_back(word);
+    arguments.push_back("model.kiv");
+    CommandSettings settings;
+    settings.folder = folder_;
+    return RunKiv(arguments, settings);
+  }
+
+  std::filesystem::path folder_;
+};
+
+TEST_F(Documentation, EachExampleOfTheLanguageGivesWhatItShows) {
+  const std::vector<Block> blocks = ReadBlocks("docs/language.md");
+  int examples = 0;
+  for (std::size_t i = 0; i + 1 < blocks.size(); ++i) {
+    if (!blocks[i].tag.starts_with("kiv ")) continue;
+    ++examples;
+    SCOPED_TRACE("docs/language.md:" + std::to_string(blocks[i].line));
+    const CommandResult result = Run(blocks[i]);
+    const Block& expected = blocks[i + 1];
+    if (expected.tag == "output") {
+      EXPECT_EQ(result.output, expected.text);
+      EXPECT_NE(result.exit_code, 2) << result.errors;
+    } else {
+      ASSERT_EQ(expected.tag, "error");
+      EXPECT_EQ(result.errors, expected.text);
+      EXPECT_EQ(result.output, "");
+      EXPECT_EQ(result.exit_code, 2);
+    }
+  }
+  EXPECT_GE(examples, 8) << "the page lost its examples, or the test no longer finds them";
+}
+
+// Each block that is a model is followed by what it gives, so that none is left out by mistake.
+TEST_F(Documentation, EachModelOfTheLanguageIsFollowedByItsResult) {
+  const std::vector<Block> blocks = ReadBlocks("docs/language.md");
+  for (std::size_t i = 0; i < blocks.size(); ++i) {
+    SCOPED_TRACE("docs/language.md:" + std::to_string(blocks[i].line));
+    if (blocks[i].tag.starts_with("kiv")) {
+      ASSERT_LT(i + 1, blocks.size());
+      EXPECT_TRUE(blocks[i + 1].tag == "output" || blocks[i + 1].tag == "error");
+    } else {
+      ASSERT_GT(i, 0u);
+      EXPECT_TRUE(blocks[i - 1].tag.starts_with("kiv ")) << "'" << blocks[i].tag << "'";
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kiv::test

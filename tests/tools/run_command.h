@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kiv::test {
+
+// How a run of the command ended.
+struct CommandResult {
+  int exit_code = -1;  // minus the number of the signal that ended it
+  std::string output;  // standard output
+  std::string errors;  // standard error
+};
+
+// What is special about a run.
+struct CommandSettings {
+  std::string input;          // on standard input
+  std::string output_file;    // where standard output goes instead; it is not collected then
+  std::string folder = ".";   // the working directory
+  int stop_signal = 0;        // sent as soon as the first output has arrived
+  bool close_output = false;  // nobody reads standard output
+};
+
+// Runs the built `kiv` with these arguments and waits for its end. Throws std::system_error when it
+// cannot be started.
+CommandResult RunKiv(const std::vector<std::string>& arguments,
+                     const CommandSettings& settings = {});
+
+// The text of a file of the source tree.
+std::string ReadSourceFile(const std::string& path);
+
+}  // namespace kiv::test
