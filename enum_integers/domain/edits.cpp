@@ -92,7 +92,9 @@ void KivOmbEnumInteger::Become(const KivSVectorImp_SubIntBase& new_values, int f
 void KivOmbEnumInteger::BecomeRange(std::int32_t lower, std::int32_t upper) {
   const std::int64_t first = SubIntBase(lower).GetValue();
   const std::int64_t last = SubIntBase(upper).GetValue();
-  if (anyFlag == 0 && Count() == last - first + 1 && GetFirstL() == first) return;
+  const bool is_range_already =
+      Count() == last - first + 1 && GetFirstL() == first && GetLastU() == last;
+  if (is_range_already && anyFlag == 0) return;
   Nil();
   for (std::int64_t v = first; v <= last && !CheckAny(); ++v) Insert(static_cast<std::int32_t>(v));
 }

@@ -155,6 +155,15 @@ TEST(SetUpperBound, FillsTheRangeFromTheOldLowerBound) {
   EXPECT_EQ(Flag(domain), 0);
 }
 
+TEST(SetUpperBound, FillsTheRangeEvenWhenTheSetHasAsManyValues) {
+  KivOmbEnumInteger domain = Set({10, 20, 30});
+  domain.SetUpperBound(12);
+  EXPECT_EQ(Text(domain), "{ 10, 11, 12 }");
+  domain = Set({10, 20, 30});
+  domain.SetLowerBound(28);
+  EXPECT_EQ(Text(domain), "{ 28, 29, 30 }");
+}
+
 TEST(SetUpperBound, BelowTheLowerBound) {
   KivOmbEnumInteger domain = Set({10, 20});
   domain.SetUpperBound(9);

@@ -169,7 +169,8 @@ class ExpectedTable {
   void Add(const std::string& symbol, const std::string& factory, const Names& operands,
            const std::string& rest, const std::string& constraint) {
     for (const std::string& pair : operands) {
-      lines_.push_back(symbol + ' ' + factory + ' ' + pair + ' ' + rest + ' ' + constraint);
+      lines_.push_back(symbol + " KivOmbiCreate" + factory + "Operator " + pair + ' ' + rest + ' ' +
+                       constraint);
     }
   }
 

@@ -31,8 +31,8 @@ Outcome NarrowOperand(Inverse relation, const KivOmbEnumInteger& known, KivOmbEn
   return {code, Text(x)};
 }
 
-Outcome NarrowOperand(SingleInverse relation, const KivOmbEnumInteger& known,
-                      KivOmbSingleInteger x) {
+Outcome NarrowSingle(SingleInverse relation, const KivOmbEnumInteger& known,
+                     KivOmbSingleInteger x) {
   const int code = (known.*relation)(x);
   return {code, Text(x)};
 }
@@ -142,17 +142,17 @@ TEST(Relations, OfADomainWithItself) {
 
 TEST(Relations, OnASingleAreExact) {
   const KivOmbEnumInteger set = Set({3, 7});
-  EXPECT_EQ(NarrowOperand(kSingleLess, set, 3), (Outcome{1, "Nil"}));
-  EXPECT_EQ(NarrowOperand(kSingleLess, set, 4), (Outcome{0, "4"}));
-  EXPECT_EQ(NarrowOperand(kSingleLessOrEqual, set, 3), (Outcome{0, "3"}));
-  EXPECT_EQ(NarrowOperand(kSingleLessOrEqual, set, 2), (Outcome{1, "Nil"}));
-  EXPECT_EQ(NarrowOperand(kSingleGreater, set, 7), (Outcome{1, "Nil"}));
-  EXPECT_EQ(NarrowOperand(kSingleGreater, set, 6), (Outcome{0, "6"}));
-  EXPECT_EQ(NarrowOperand(kSingleNotLess, set, 7), (Outcome{0, "7"}));
-  EXPECT_EQ(NarrowOperand(kSingleNotLess, set, 8), (Outcome{1, "Nil"}));
+  EXPECT_EQ(NarrowSingle(kSingleLess, set, SubIntBase(3)), (Outcome{1, "Nil"}));
+  EXPECT_EQ(NarrowSingle(kSingleLess, set, SubIntBase(4)), (Outcome{0, "4"}));
+  EXPECT_EQ(NarrowSingle(kSingleLessOrEqual, set, SubIntBase(3)), (Outcome{0, "3"}));
+  EXPECT_EQ(NarrowSingle(kSingleLessOrEqual, set, SubIntBase(2)), (Outcome{1, "Nil"}));
+  EXPECT_EQ(NarrowSingle(kSingleGreater, set, SubIntBase(7)), (Outcome{1, "Nil"}));
+  EXPECT_EQ(NarrowSingle(kSingleGreater, set, SubIntBase(6)), (Outcome{0, "6"}));
+  EXPECT_EQ(NarrowSingle(kSingleNotLess, set, SubIntBase(7)), (Outcome{0, "7"}));
+  EXPECT_EQ(NarrowSingle(kSingleNotLess, set, SubIntBase(8)), (Outcome{1, "Nil"}));
   for (const SingleInverse relation :
        {kSingleLess, kSingleLessOrEqual, kSingleGreater, kSingleNotLess}) {
-    EXPECT_EQ(NarrowOperand(relation, set, KivOmbSingleInteger()), (Outcome{0, "Any"}));
+    EXPECT_EQ(NarrowSingle(relation, set, KivOmbSingleInteger()), (Outcome{0, "Any"}));
   }
 }
 
