@@ -50,6 +50,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   static const char* const CastableIdent;
   // A new descriptor, which becomes sDescriptor; null when there is no memory.
   static const Descriptor* MakeDescriptor();
+  static KivOmbEnumInteger* DynamicCast(std::nullptr_t) { return nullptr; }
   static KivOmbEnumInteger* DynamicCast(KivOmbiBase* object);
   static const KivOmbEnumInteger* DynamicCast(const KivOmbiBase* object);
   // Without a test.

@@ -4,6 +4,7 @@
 #include <array>
 #include <cassert>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -122,6 +123,7 @@ void KivOmbNetwork::Run(ConstraintId id) {
     Fail(Outcome::kContradiction, id);
     return;
   }
+  assert((result & kKivAtFixpoint) == 0 || ClaimHolds(id));
   if ((result & kKivOverflow) != 0) {
     overflow_ = id;
     overflow_level_ = GetLevel();
@@ -132,6 +134,18 @@ void KivOmbNetwork::Run(ConstraintId id) {
   } else if ((result & kKivAtFixpoint) == 0 && own_events_ != 0) {
     Enqueue(id, own_events_);
   }
+}
+
+// Runs a constraint that says it is at its fixpoint once more: nothing may change.
+bool KivOmbNetwork::ClaimHolds(ConstraintId id) {
+  Constraint& constraint = constraints_[id];
+  const std::int64_t events = std::exchange(own_events_, 0);
+  running_ = id;
+  const KivOmbiFilterResult again =
+      constraint.object->Filter(EnvironmentOf(constraint), kKivAnyEvent);
+  running_.reset();
+  const bool unchanged = std::exchange(own_events_, events) == 0;
+  return unchanged && (again & kKivContradiction) == 0 && outcome_ == Outcome::kFixpoint;
 }
 
 void KivOmbNetwork::Fail(Outcome outcome, std::optional<ConstraintId> culprit) {

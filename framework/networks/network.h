@@ -143,6 +143,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   KivOmbiObjectEnvironment EnvironmentOf(const Constraint& constraint);
   KivOmbiObject* Construct(const KivOmbiObjectDescriptor& kind);
   void Run(ConstraintId id);
+  bool ClaimHolds(ConstraintId id);
   void Fail(Outcome outcome, std::optional<ConstraintId> culprit);
   void ClearQueue();
   void Apply(const Assertion& assertion);

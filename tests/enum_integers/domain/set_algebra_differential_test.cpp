@@ -11,7 +11,7 @@ namespace {
 using namespace kiv::test;
 namespace reference = kiv::reference;
 
-constexpr int kCases = 4000;
+constexpr int kCases = 2000;
 
 bool IsOdd(std::int32_t v) { return v % 2 != 0; }
 int IsOddValue(const SubIntBase& v, void*) { return IsOdd(v.GetValue()); }

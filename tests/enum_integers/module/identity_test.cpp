@@ -8,6 +8,7 @@
 namespace {
 
 TEST(Identity, DynamicCastOfNullIsNull) {
+  EXPECT_EQ(KivOmbEnumInteger::DynamicCast(nullptr), nullptr);
   EXPECT_EQ(KivOmbEnumInteger::DynamicCast(static_cast<KivOmbiBase*>(nullptr)), nullptr);
   EXPECT_EQ(KivOmbEnumInteger::DynamicCast(static_cast<const KivOmbiBase*>(nullptr)), nullptr);
 }

@@ -75,8 +75,7 @@ reference::EnumSet RandomSet(Random& random) {
     }
     case 4:
       // About the cap; rarely, because the reference is slow.
-      return random.OneIn(4) ? Dense(random, random.Between(1022, 1024))
-                             : Dense(random, random.Between(100, 300));
+      return Dense(random, random.OneIn(8) ? random.Between(1022, 1024) : random.Between(60, 150));
     default:
       return RandomSmallSet(random);
   }
