@@ -47,7 +47,7 @@ KivOmbEnumInteger::KivOmbEnumInteger(KivStreamableInit init)
 
 // A set whose copy found no memory is Nil.
 KivOmbEnumInteger::KivOmbEnumInteger(const KivOmbEnumInteger& other)
-    : KivOmbiInteger(),
+    : KivOmbiInteger(other),
       values(other.values),
       anyFlag(values.Count() == other.Count() ? other.anyFlag : 0) {}
 

@@ -28,24 +28,26 @@ void KivOmbEnumInteger::Write(Kivopstream& out) const {
 }
 
 // The flag counts before the values do: a record with the flag of Any reads as Any, whatever it
-// lists. All values are consumed. A count is not trusted: reading ends where the stream fails, and
-// no more room is reserved than a domain can need or the rest of the stream could fill.
+// lists. All values are consumed, whatever the stream's state was before. A count is not trusted:
+// reading ends where the stream fails, and no more room is reserved than a domain can need or the
+// rest of the stream could fill.
 void KivOmbEnumInteger::Read(Kivipstream& in) {
+  const int state_before = in.State();
+  in.Clear();
   KivStreamable::Read(in);
-  std::int32_t flag = 0;
-  std::uint32_t count = 0;
-  in >> flag >> count;
   KivOmbEnumInteger& self = Writable();
   self.values.Flush();
-  self.anyFlag = flag == 1;  // only 1 is ever written for Any, and only 0 for Nil
+  std::uint32_t count = 0;
+  in >> self.anyFlag >> count;
   const std::size_t room = std::min<std::size_t>(count, in.Remaining() / sizeof(std::int32_t));
   self.values.Resize(std::min(static_cast<std::uint32_t>(room), sMAX_CARD));
   for (std::uint32_t i = 0; i < count; ++i) {
     std::int32_t v = 0;
     in >> v;
-    if (HasFailed(in)) return;
+    if (HasFailed(in)) break;
     Insert(v);
   }
+  in.Clear(state_before | in.State());
 }
 
 Kivipstream& KivOmbEnumInteger::readPtr(Kivipstream& in, KivOmbEnumInteger*& object) {

@@ -32,7 +32,9 @@ KivSVectorImp_SubIntBase::KivSVectorImp_SubIntBase(const KivSVectorImp_SubIntBas
 
 const KivSVectorImp_SubIntBase& KivSVectorImp_SubIntBase::operator=(
     const KivSVectorImp_SubIntBase& other) noexcept {
+  if (this == &other) return *this;
   good_ = other.Good();
+  // Two vectors without storage have nothing to take over from each other.
   if (good_ == 0 || data_ == other.data_) return *this;
   // The old array goes first, so that the new one can be the same memory.
   kiv::ReturnSlots(data_, limit_);

@@ -1,3 +1,4 @@
+#include <atomic>
 #include <cstdint>
 #include <iostream>
 #include <limits>
@@ -37,8 +38,12 @@ class SolutionPrinter {
       ++possibilities_;
       NoteUnknowns();
     }
-    return solutions_ + possibilities_ < limit_;
+    // The network looks at the flag only while it propagates, which a model may not need.
+    return !IsComplete() && !stop_;
   }
+
+  // Whether as much was printed as was asked for.
+  bool IsComplete() const { return solutions_ + possibilities_ >= limit_; }
 
   // Tells on standard error what was found, and how to end.
   ExitCode Summarize(const SearchResult& result) const {
@@ -91,6 +96,7 @@ class SolutionPrinter {
 
   const CompiledModel& model_;
   std::uint64_t limit_;
+  const std::atomic<bool>& stop_;
   std::uint64_t solutions_ = 0;
   std::uint64_t possibilities_ = 0;
   std::set<KivOmbNetwork::VariableId> unknowns_;  // declared variables that stayed Any
@@ -103,11 +109,12 @@ ExitCode Solve(const SolveOptions& options, const ModuleOptions& modules) {
 
   const std::atomic<bool>& stop = CatchStopSignals();
   model.GetNetwork().SetStopFlag(&stop);
-  SolutionPrinter printer(model, options.all ? kNoLimit : options.limit);
+  SolutionPrinter printer(model, options.all ? kNoLimit : options.limit, stop);
   BisectionSearch search(model.GetNetwork(), model.GetDeclared());
   const SearchResult result =
       search.Run([&printer](const SearchLeaf& leaf) { return printer.Print(leaf); });
-  if (result.end == SearchEnd::kStopped && stop) return printer.SummarizeInterruption();
+  if (result.end == SearchEnd::kStopped && !printer.IsComplete())
+    return printer.SummarizeInterruption();
   return printer.Summarize(result);
 }
 

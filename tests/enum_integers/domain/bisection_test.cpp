@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "enum_integers/domain/enum_integer.h"
 #include "tests/enum_integers/support/domains.h"
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "enum_integers/domain/enum_integer.h"
 #include "enum_integers/storage/slot_memory.h"
 #include "tests/enum_integers/support/domains.h"

@@ -3,6 +3,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "enum_integers/domain/enum_integer.h"
 #include "enum_integers/storage/slot_memory.h"
@@ -71,9 +72,23 @@ TEST(StreamForm, ARecordWithTheFlagOfAnyReadsAsAnyWhateverItLists) {
   EXPECT_EQ(Text(Record(1, 2, 4, 5).ReadAs(NilSet())), "Any");
 }
 
-TEST(StreamForm, ARecordWithAFlagThatIsNeverWrittenReadsAsIfItWereZero) {
-  EXPECT_EQ(Text(Record(7, 0).ReadAs(Set({1}))), "Nil");
+TEST(StreamForm, AFlagThatNoDomainWritesIsKeptAndNamesNeitherState) {
+  const KivOmbEnumInteger empty = Record(7, 0).ReadAs(Set({1}));
+  EXPECT_EQ(empty.CheckAny(), 0);
+  EXPECT_EQ(empty.CheckNil(), 0);
+  EXPECT_EQ(Written(empty), Record(7, 0).Bytes());
   EXPECT_EQ(Text(Record(-1, 1, 4).ReadAs(Set({1}))), "4");
+}
+
+TEST(StreamForm, AStateFromBeforeDoesNotStopReadingAndStays) {
+  std::istringstream bytes(Record(0, 3, 1, 5, 9).Bytes());
+  Kivipstream in(bytes);
+  in.Clear(Kivpstream::kFailure);
+  KivOmbEnumInteger domain;
+  domain.Read(in);
+  EXPECT_EQ(Text(domain), "{ 1, 5, 9 }");
+  EXPECT_EQ(in.State(), Kivpstream::kFailure);
+  EXPECT_EQ(in.Remaining(), 0u);
 }
 
 TEST(StreamForm, AFullDomainReadsBackAndMoreValuesReadAsAny) {
