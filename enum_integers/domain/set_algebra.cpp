@@ -120,7 +120,8 @@ int KivOmbEnumInteger::IntersectInverse(KivOmbSingleInteger& single) const {
 int KivOmbEnumInteger::IntersectInverse(KivOmbIntervalInteger& interval) const {
   if (interval.CheckNil() || CheckAny()) return 0;
   if (CheckNil()) return interval.Nil();
-  const auto at = [this](unsigned i) { return values[i < Count() ? i : 0]; };
+  // A bound beyond all values meets the first one; the interval's intersection decides then.
+  const auto at = [this](unsigned i) { return i < Count() ? GetValue(i) : GetFirstL(); };
   const SubIntBase high = at(values.FindLowerBound(interval.GetUpperBound(), 0));
   const SubIntBase low = at(values.FindUpperBound(interval.GetLowerBound(), 0));
   return interval.Intersect(SubdefInt(low, high));
