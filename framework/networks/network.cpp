@@ -97,8 +97,10 @@ KivOmbiObjectEnvironment KivOmbNetwork::EnvironmentOf(const Constraint& constrai
 }
 
 KivOmbNetwork::Outcome KivOmbNetwork::Propagate() {
-  while (outcome_ == Outcome::kFixpoint && !queue_.IsEmpty()) {
+  while (outcome_ == Outcome::kFixpoint) {
+    // Asked even when nothing has to run, or a search without constraints could not be stopped.
     if (stop_ != nullptr && stop_->load(std::memory_order_relaxed)) return Outcome::kStopped;
+    if (queue_.IsEmpty()) break;
     Run(queue_.Pop());
   }
   // An overflow is only told when nothing contradicts: what is contradictory needs no value.

@@ -10,12 +10,13 @@ namespace {
 constexpr std::int32_t kMin = SubIntBase::kMin;
 constexpr std::int32_t kMax = SubIntBase::kMax;
 
+// No bound and whatever bound together are no bound; an exact infinity absorbs what is finite.
 SubIntBase AddLower(std::int32_t a, std::int32_t b) {
-  return a == kMin || b == kMin ? SubIntBase(kMin) : SubIntBase::Clamp(std::int64_t{a} + b);
+  return a == kMin || b == kMin ? SubIntBase(kMin) : base_plus(a, b);
 }
 
 SubIntBase AddUpper(std::int32_t a, std::int32_t b) {
-  return a == kMax || b == kMax ? SubIntBase(kMax) : SubIntBase::Clamp(std::int64_t{a} + b);
+  return a == kMax || b == kMax ? SubIntBase(kMax) : base_plus(a, b);
 }
 
 int MakeNil(KivOmbiAny& target) {
@@ -60,16 +61,17 @@ const KivOmbiInteger* AsInteger(const KivOmbiAny& operand) {
 
 int NarrowTargetAtLeast(const KivOmbiInteger& known, KivOmbiAny& target, std::int64_t bound) {
   return NarrowTarget(known, target, [&](KivOmbiInteger& integer) {
-    return bound <= kMin ? 0
-                         : integer.CalcNotLessValue(KivOmbSingleInteger(SubIntBase::Clamp(bound)));
+    if (bound <= kMin) return 0;
+    if (bound > kMax) return MakeNil(target);
+    return integer.CalcNotLessValue(KivOmbSingleInteger(SubIntBase::Clamp(bound)));
   });
 }
 
 int NarrowTargetAtMost(const KivOmbiInteger& known, KivOmbiAny& target, std::int64_t bound) {
   return NarrowTarget(known, target, [&](KivOmbiInteger& integer) {
-    return bound >= kMax
-               ? 0
-               : integer.CalcLessOrEqualValue(KivOmbSingleInteger(SubIntBase::Clamp(bound)));
+    if (bound >= kMax) return 0;
+    if (bound < kMin) return MakeNil(target);
+    return integer.CalcLessOrEqualValue(KivOmbSingleInteger(SubIntBase::Clamp(bound)));
   });
 }
 

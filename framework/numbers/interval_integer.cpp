@@ -22,13 +22,8 @@ const KivOmbiObjectDescriptor* const KivOmbIntervalInteger::sDescriptor = &descr
 
 KivOmbIntervalInteger::KivOmbIntervalInteger() = default;
 
-KivOmbIntervalInteger::KivOmbIntervalInteger(const SubdefInt& interval) {
-  if (interval.IsEmpty()) {
-    value_ = {kMax, kMin};
-  } else {
-    value_ = {interval.GetLower(), interval.GetUpper()};
-  }
-}
+KivOmbIntervalInteger::KivOmbIntervalInteger(const SubdefInt& interval)
+    : value_(ValueOf(interval)) {}
 
 KivOmbIntervalInteger::KivOmbIntervalInteger(KivStreamableInit init) : KivOmbiInteger(init) {}
 KivOmbIntervalInteger::KivOmbIntervalInteger(const KivOmbIntervalInteger& other) = default;
@@ -71,7 +66,7 @@ void KivOmbIntervalInteger::Read(Kivipstream& in) {
   std::int32_t lower = kMax;
   std::int32_t upper = kMin;
   in >> lower >> upper;
-  Become(KivOmbIntervalInteger(SubdefInt(lower, upper)).value_);
+  Become(ValueOf(SubdefInt(lower, upper)));
 }
 
 int KivOmbIntervalInteger::IsDerivedFrom(const char* ident) const {
@@ -96,8 +91,9 @@ void KivOmbIntervalInteger::PrintOn(Kivostrstream& out) const {
   }
 }
 
-void KivOmbIntervalInteger::InputValue(Kivistrstream& in) {
-  SetNilValue();
+void KivOmbIntervalInteger::InputValue(Kivistrstream& in) { Become(ReadValue(in)); }
+
+KivOmbIntervalInteger::Value KivOmbIntervalInteger::ReadValue(Kivistrstream& in) {
   switch (CheckNumString(in)) {
     case kKivInterval: {
       const std::int32_t lower = GetSIValue(in);
@@ -106,40 +102,39 @@ void KivOmbIntervalInteger::InputValue(Kivistrstream& in) {
       const std::int32_t upper = GetSIValue(in);
       char bracket = '\0';
       in >> ws >> bracket;
-      if (comma != ',' || bracket != ']') return in.Clear(Kivpstream::kFailure);
-      Become(KivOmbIntervalInteger(SubdefInt(lower, upper)).value_);
-      return;
+      if (comma == ',' && bracket == ']') return ValueOf(SubdefInt(lower, upper));
+      break;
     }
     case kKivAny:
-      return Any();
+      return kAny;
     case kKivNil:
-      return;
+      return kNil;
     case kKivMin:
     case kKivMinusInfinity:
-      return SetExactValue(kMin);
+      return {kMin, kMin};
     case kKivMax:
     case kKivPlusInfinity:
-      return SetExactValue(kMax);
+      return {kMax, kMax};
     case kKivNumber: {
       std::int32_t value = 0;
       in >> value;
-      return SetExactValue(value);
+      return {value, value};
     }
     default:  // a set in braces
-      in.Clear(Kivpstream::kFailure);
+      break;
   }
+  in.Clear(Kivpstream::kFailure);
+  return kNil;
 }
 
-int KivOmbIntervalInteger::CheckAny() const noexcept {
-  return GetLowerBound() == kMin && GetUpperBound() == kMax;
-}
+int KivOmbIntervalInteger::CheckAny() const noexcept { return value_ == kAny; }
 
 int KivOmbIntervalInteger::CheckNil() const noexcept { return value_.lower > value_.upper; }
 
-void KivOmbIntervalInteger::Any() { Become({kMin, kMax}); }
+void KivOmbIntervalInteger::Any() { Become(kAny); }
 
 int KivOmbIntervalInteger::Nil() {
-  Become({kMax, kMin});
+  Become(kNil);
   return 1;
 }
 
@@ -293,8 +288,9 @@ void KivOmbIntervalInteger::InsertExactValue(std::int32_t value) {
 
 int KivOmbIntervalInteger::RemoveExactValue(std::int32_t value) {
   if (CheckNil() != 0 || CheckAny() != 0) return 0;
-  if (value == GetLowerBound()) return Narrow(std::int64_t{value} + 1, GetUpperBound());
-  if (value == GetUpperBound()) return Narrow(GetLowerBound(), std::int64_t{value} - 1);
+  const SubIntBase removed = value;
+  if (removed == value_.lower) return Narrow(std::int64_t{removed.GetValue()} + 1, kMax);
+  if (removed == value_.upper) return Narrow(kMin, std::int64_t{removed.GetValue()} - 1);
   return 0;
 }
 
@@ -310,6 +306,10 @@ std::int32_t KivOmbIntervalInteger::GetNextExactValue(std::int32_t value) const 
 std::int32_t KivOmbIntervalInteger::GetPrevExactValue(std::int32_t value) const {
   if (CheckNil() != 0) return value;
   return std::min(SubIntBase::Clamp(std::int64_t{value} - 1).GetValue(), GetUpperBound());
+}
+
+KivOmbIntervalInteger::Value KivOmbIntervalInteger::ValueOf(const SubdefInt& interval) {
+  return interval.IsEmpty() ? kNil : Value{interval.GetLower(), interval.GetUpper()};
 }
 
 int KivOmbIntervalInteger::Narrow(std::int64_t lower, std::int64_t upper) {

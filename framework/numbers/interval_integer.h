@@ -90,16 +90,20 @@ class KIV_EXPORT KivOmbIntervalInteger : public KivOmbiInteger {
  private:
   template <class T>
   friend class KivOmbNumberDescriptor;
-  // Nil has the bounds exchanged: kMax, kMin.
   struct Value {
-    SubIntBase lower = SubIntBase::kMin;
-    SubIntBase upper = SubIntBase::kMax;
+    SubIntBase lower;
+    SubIntBase upper;
     friend bool operator==(const Value&, const Value&) = default;
   };
+  static constexpr Value kAny{SubIntBase::kMin, SubIntBase::kMax};
+  static constexpr Value kNil{SubIntBase::kMax, SubIntBase::kMin};
 
+  static Value ValueOf(const SubdefInt& interval);
+  // What InputValue reads.
+  static Value ReadValue(Kivistrstream& in);
   // Narrows to [lower, upper], which may be empty or reach beyond the integers.
   int Narrow(std::int64_t lower, std::int64_t upper);
   int Become(Value value);
 
-  Value value_;
+  Value value_ = kAny;
 };

@@ -11,8 +11,6 @@ const KivStreamableClass streamable(identity, KivOmbSingleBoolean::Build, 1);
 const KivOmbNumberDescriptor<KivOmbSingleBoolean> descriptor("bool", KivOmbiBoolean::sDescriptor,
                                                              0);
 
-const KivOmbiBoolean* AsBoolean(const KivOmbiAny& x) { return KivCast<KivOmbiBoolean>(&x); }
-
 }  // namespace
 
 const char* const KivOmbSingleBoolean::CastableIdent = identity;
@@ -60,7 +58,7 @@ void KivOmbSingleBoolean::Read(Kivipstream& in) {
   KivStreamable::Read(in);
   Value value = kNeither;
   in >> value;
-  Become(value & kBoth);
+  Become(value <= kBoth ? value : kNeither);
 }
 
 int KivOmbSingleBoolean::IsDerivedFrom(const char* ident) const {
@@ -74,26 +72,22 @@ void KivOmbSingleBoolean::PrintOn(Kivostrstream& out) const {
   out << kTexts[value_];
 }
 
-void KivOmbSingleBoolean::InputValue(Kivistrstream& in) {
-  switch (CheckNumString(in)) {
-    case kKivAny:
-      return Any();
-    case kKivNil:
-      return SetNilValue();
-    default:
-      break;
-  }
-  char next = '\0';
-  in >> next;
-  const bool value = next == 't';
-  for (const char* expected = value ? "true" : "false"; *expected != '\0'; ++expected) {
-    if (next != *expected) {
-      in.Clear(Kivpstream::kFailure);
-      return SetNilValue();
+void KivOmbSingleBoolean::InputValue(Kivistrstream& in) { Become(ReadValue(in)); }
+
+KivOmbSingleBoolean::Value KivOmbSingleBoolean::ReadValue(Kivistrstream& in) {
+  const int token = CheckNumString(in);
+  if (token == kKivAny) return kBoth;
+  if (token == kKivNil) return kNeither;
+  if (token == kKivNumber) {
+    char next = '\0';
+    in >> next;
+    const bool value = next == 't';
+    for (const char* expected = value ? "true" : "false"; next == *expected; in >> next) {
+      if (*++expected == '\0') return value ? kTrue : kFalse;
     }
-    if (expected[1] != '\0') in >> next;
   }
-  Become(value ? kTrue : kFalse);
+  in.Clear(Kivpstream::kFailure);
+  return kNeither;
 }
 
 void KivOmbSingleBoolean::Any() { Become(kBoth); }
@@ -103,11 +97,7 @@ int KivOmbSingleBoolean::Nil() {
   return 1;
 }
 
-void KivOmbSingleBoolean::Assign(const KivOmbiAny& x) {
-  const KivOmbiBoolean* operand = AsBoolean(x);
-  Nil();
-  if (operand != nullptr) Unite(*operand);
-}
+void KivOmbSingleBoolean::Assign(const KivOmbiAny& x) { Become(ValueOf(x)); }
 
 void KivOmbSingleBoolean::SetNilValue() { Nil(); }
 
@@ -118,20 +108,12 @@ int KivOmbSingleBoolean::IsNil() const { return CheckNil(); }
 int KivOmbSingleBoolean::IsUndefined() const { return CheckAny(); }
 
 int KivOmbSingleBoolean::IsIntersected(const KivOmbiAny& x) const {
-  const KivOmbiBoolean* operand = AsBoolean(x);
-  if (operand == nullptr) return 0;
-  return (CanBe(false) != 0 && operand->CanBe(false) != 0) ||
-         (CanBe(true) != 0 && operand->CanBe(true) != 0);
+  return (value_ & ValueOf(x)) != kNeither;
 }
 
 void KivOmbSingleBoolean::Intersect(const KivOmbiAny& x) { CalcEqualValue(x); }
 
-void KivOmbSingleBoolean::Unite(const KivOmbiAny& x) {
-  const KivOmbiBoolean* operand = AsBoolean(x);
-  if (operand == nullptr) return;
-  Become(value_ | (operand->CanBe(false) != 0 ? kFalse : kNeither) |
-         (operand->CanBe(true) != 0 ? kTrue : kNeither));
-}
+void KivOmbSingleBoolean::Unite(const KivOmbiAny& x) { Become(value_ | ValueOf(x)); }
 
 std::uint32_t KivOmbSingleBoolean::GetCardinality() const {
   return static_cast<std::uint32_t>(std::popcount(value_));
@@ -154,23 +136,16 @@ void KivOmbSingleBoolean::Bisect(KivOmbiObject& other, ValueSelection selection)
   Become(value_ & ~given);
 }
 
-int KivOmbSingleBoolean::CalcEqualValue(const KivOmbiAny& x) {
-  const KivOmbiBoolean* operand = AsBoolean(x);
-  if (operand == nullptr) return Narrow(kNeither);
-  return Narrow((operand->CanBe(false) != 0 ? kFalse : kNeither) |
-                (operand->CanBe(true) != 0 ? kTrue : kNeither));
-}
+int KivOmbSingleBoolean::CalcEqualValue(const KivOmbiAny& x) { return Narrow(ValueOf(x)); }
 
 int KivOmbSingleBoolean::CalcInverseEqualValue(KivOmbiAny& x) const {
   return x.CalcEqualValue(*this);
 }
 
 int KivOmbSingleBoolean::CalcUnequalValue(const KivOmbiAny& x) {
-  const KivOmbiBoolean* operand = AsBoolean(x);
-  if (operand == nullptr) return Narrow(kNeither);
-  const bool can_be_false = operand->CanBe(false) != 0;
-  const bool can_be_true = operand->CanBe(true) != 0;
-  return Narrow((can_be_true ? kFalse : kNeither) | (can_be_false ? kTrue : kNeither));
+  const Value known = ValueOf(x);
+  return Narrow(((known & kTrue) != 0 ? kFalse : kNeither) |
+                ((known & kFalse) != 0 ? kTrue : kNeither));
 }
 
 int KivOmbSingleBoolean::CalcInverseUnequalValue(KivOmbiAny& x) const {
@@ -178,14 +153,27 @@ int KivOmbSingleBoolean::CalcInverseUnequalValue(KivOmbiAny& x) const {
 }
 
 int KivOmbSingleBoolean::CalcIsEqual(const KivOmbiAny& x, KivOmbiBoolean& result) const {
-  if (IsIntersected(x) == 0) return result.CalcTruthValue(false);
-  return GetCardinality() == 1 && x.GetCardinality() == 1 ? result.CalcTruthValue(true) : 0;
+  const Value other = ValueOf(x);
+  if (value_ == kNeither || other == kNeither) {
+    if (result.IsNil() != 0) return 0;
+    result.SetNilValue();
+    return 1;
+  }
+  if ((value_ & other) == kNeither) return result.CalcTruthValue(false);
+  return value_ == other && value_ != kBoth ? result.CalcTruthValue(true) : 0;
 }
 
 int KivOmbSingleBoolean::CalcTruthValue(bool value) { return Narrow(value ? kTrue : kFalse); }
 
 int KivOmbSingleBoolean::CanBe(bool value) const {
   return (value_ & (value ? kTrue : kFalse)) != 0;
+}
+
+KivOmbSingleBoolean::Value KivOmbSingleBoolean::ValueOf(const KivOmbiAny& x) {
+  const auto* operand = KivCast<KivOmbiBoolean>(&x);
+  if (operand == nullptr) return kNeither;
+  return (operand->CanBe(false) != 0 ? kFalse : kNeither) |
+         (operand->CanBe(true) != 0 ? kTrue : kNeither);
 }
 
 int KivOmbSingleBoolean::Narrow(Value possible) { return Become(value_ & possible); }

@@ -53,6 +53,7 @@ class KIV_EXPORT KivOmbSingleBoolean : public KivOmbiBoolean {
   int CalcInverseEqualValue(KivOmbiAny& x) const override;
   int CalcUnequalValue(const KivOmbiAny& x) override;
   int CalcInverseUnequalValue(KivOmbiAny& x) const override;
+  // Nil on either side, or an operand that is no boolean, makes `result` Nil.
   int CalcIsEqual(const KivOmbiAny& x, KivOmbiBoolean& result) const override;
 
   int CalcTruthValue(bool value) override;
@@ -68,6 +69,10 @@ class KIV_EXPORT KivOmbSingleBoolean : public KivOmbiBoolean {
   static constexpr Value kTrue = 2;
   static constexpr Value kBoth = 3;
 
+  // The values of an operand; what is no boolean has none.
+  static Value ValueOf(const KivOmbiAny& x);
+  // What InputValue reads.
+  static Value ReadValue(Kivistrstream& in);
   int Narrow(Value possible);
   int Become(Value value);
 

@@ -248,7 +248,7 @@ void KivOmbSingleInteger::InsertExactValue(std::int32_t value) {
 }
 
 int KivOmbSingleInteger::RemoveExactValue(std::int32_t value) {
-  return value_.state == kValue && GetValue() == value ? Nil() : 0;
+  return value_.state == kValue && value_.number == SubIntBase(value) ? Nil() : 0;
 }
 
 std::int32_t KivOmbSingleInteger::GetLowerBound() const { return Summarize().lower; }
