@@ -64,9 +64,8 @@ EnumSet NarrowedDomain(const Instance& instance) {
 
 int LiteralSum(Instance& instance) {
   Operands<EnumSet>& o = instance.sets;
-  bool error = false;
   o.narrowed = o.z;
-  return kiv::reference::Sum(o.narrowed, o.x, o.y, error);
+  return kiv::reference::Sum(o.narrowed, o.x, o.y);
 }
 
 int ModuleSum(Instance& instance) {
@@ -115,8 +114,7 @@ void MakeSumOperands(const Shape& shape, std::mt19937& random, Operands<EnumSet>
   o.x.values = RandomSet(shape, 0, random);
   o.y.values = RandomSet(shape, static_cast<std::int32_t>(random() % 1000), random);
   EnumSet sums{{}, 1};
-  bool error = false;
-  kiv::reference::Sum(sums, o.x, o.y, error);
+  kiv::reference::Sum(sums, o.x, o.y);
   o.z.values = RandomHalf(sums.values, random);
   for (const std::int32_t v : RandomSet(shape, 0, random)) kiv::reference::Insert(o.z, v);
 }

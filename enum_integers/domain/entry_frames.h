@@ -106,4 +106,32 @@ int FirstInverseEntry(const KivOmbEnumInteger& result, KivOmbiAny& x, const KivO
   return x.CalcEqualValue(narrowed);
 }
 
+// result = x op y, with the target y. `core(x, y)` narrows y, an enumerated domain; it is not asked
+// when `result` or x is Any. A target of any kind is narrowed by what the core leaves of its
+// conversion.
+template <class Core>
+int SecondInverseEntry(const KivOmbEnumInteger& result, const KivOmbiAny& x, KivOmbiAny& y,
+                       Core core) {
+  const EnumeratedOperand known(x);
+  KivOmbEnumInteger narrowed;
+  narrowed.Assign(y);
+  const auto narrow = [&](auto& target) {
+    if (target.CheckNil()) return 0;
+    if (known->CheckNil() || result.CheckNil()) return target.Nil();
+    if (known->CheckAny() || result.CheckAny()) return 0;
+    core(*known, narrowed);
+    return narrowed.CalcInverseEqualValue(target);
+  };
+  if (auto* const domain = KivOmbEnumInteger::DynamicCast(&y)) return narrow(*domain);
+  if (auto* const single = KivOmbSingleInteger::DynamicCast(&y)) return narrow(*single);
+  if (y.IsNil()) return 0;
+  if (x.IsNil() || result.CheckNil()) {
+    y.SetNilValue();
+    return 1;
+  }
+  if (x.IsUndefined() || result.CheckAny() || narrowed.CheckNil()) return 0;
+  core(*known, narrowed);
+  return y.CalcEqualValue(narrowed);
+}
+
 }  // namespace kiv

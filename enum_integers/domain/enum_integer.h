@@ -158,26 +158,38 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   void Bisect(KivOmbiObject& other, ValueSelection selection) override;
 
   // Narrow to one constant: minus infinity, plus infinity, 0, 1.
-  using KivOmbiInteger::CalcMaxValue;
-  using KivOmbiInteger::CalcMinValue;
   int CalcMinValue() override;
   int CalcMaxValue() override;
   int CalcZeroValue() override;
   int CalcOneValue() override;
 
-  // Relations between this and x; the order relations cut at bounds only. Cores take operands that
-  // are not Nil.
+  // The operators, with z as the receiver unless it is said otherwise. Cores of relations, of
+  // minimum and maximum, and the forms for a single target take operands that are not Nil.
+
+  // z = min(x, y) and z = max(x, y). The inverses cut x at z's bound and do not consult y.
+  int CalcMinValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y);
+  int CalcMinValue(const KivOmbiAny& x, const KivOmbiAny& y) override;
+  int CalcMaxValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y);
+  int CalcMaxValue(const KivOmbiAny& x, const KivOmbiAny& y) override;
+  int CalcFirstInverseMinValue(KivOmbEnumInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseMinValue(KivOmbSingleInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseMinValue(KivOmbiAny& x, const KivOmbiAny& y) const override;
+  int CalcFirstInverseMaxValue(KivOmbEnumInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseMaxValue(KivOmbSingleInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseMaxValue(KivOmbiAny& x, const KivOmbiAny& y) const override;
+
+  // z = x. The order relations, which follow, cut at bounds only.
   int CalcEqualValue(const KivOmbiAny& x) override;
   int CalcInverseEqualValue(KivOmbiAny& x) const override;
 
-  // this <= x
+  // z <= x
   int CalcLessOrEqualValue(const KivOmbEnumInteger& x);
   int CalcLessOrEqualValue(const KivOmbiAny& x) override;
   int CalcInverseLessOrEqualValue(KivOmbEnumInteger& x) const;
   int CalcInverseLessOrEqualValue(KivOmbSingleInteger& x) const;
   int CalcInverseLessOrEqualValue(KivOmbiAny& x) const override;
 
-  // this < x. When the bound is not a value of the target, the cores cut one value more than the
+  // z < x. When the bound is not a value of the target, the cores cut one value more than the
   // relation asks for: {1, 5, 9} < {7} leaves {1}.
   int CalcLessValue(const KivOmbEnumInteger& x);
   int CalcLessValue(const KivOmbiScalar& x) override;
@@ -185,26 +197,77 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   int CalcInverseLessValue(KivOmbSingleInteger& x) const;
   int CalcInverseLessValue(KivOmbiScalar& x) const override;
 
-  // this >= x
+  // z >= x
   int CalcNotLessValue(const KivOmbEnumInteger& x);
   int CalcNotLessValue(const KivOmbiScalar& x) override;
   int CalcInverseNotLessValue(KivOmbEnumInteger& x) const;
   int CalcInverseNotLessValue(KivOmbSingleInteger& x) const;
   int CalcInverseNotLessValue(KivOmbiScalar& x) const override;
 
-  // this > x
+  // z > x
   int CalcNotLessAndUnequalValue(const KivOmbEnumInteger& x);
   int CalcNotLessAndUnequalValue(const KivOmbiAny& x) override;
   int CalcInverseNotLessAndUnequalValue(KivOmbEnumInteger& x) const;
   int CalcInverseNotLessAndUnequalValue(KivOmbSingleInteger& x) const;
   int CalcInverseNotLessAndUnequalValue(KivOmbiAny& x) const override;
 
-  // this = x + y
+  // z = next(x), which is x + 1.
+  int CalcNextValue(const KivOmbEnumInteger& x);
+  int CalcNextValue(const KivOmbiScalar& x) override;
+  int CalcInverseNextValue(KivOmbEnumInteger& x) const;
+  int CalcInverseNextValue(KivOmbSingleInteger& x) const;
+  int CalcInverseNextValue(KivOmbiScalar& x) const override;
+
+  // z = abs(x). A z that is not Any is narrowed by an Any x as well: to its own absolute values.
+  int CalcAbsoluteValue(const KivOmbEnumInteger& x);
+  int CalcAbsoluteValue(const KivOmbiNumber& x) override;
+  int CalcInverseAbsoluteValue(KivOmbEnumInteger& x) const;
+  int CalcInverseAbsoluteValue(KivOmbSingleInteger& x) const;
+  int CalcInverseAbsoluteValue(KivOmbiNumber& x) const override;
+
+  // z = -x
+  int CalcNegativeValue(const KivOmbEnumInteger& x);
+  int CalcNegativeValue(const KivOmbiNumber& x) override;
+  int CalcInverseNegativeValue(KivOmbEnumInteger& x) const;
+  int CalcInverseNegativeValue(KivOmbSingleInteger& x) const;
+  int CalcInverseNegativeValue(KivOmbiNumber& x) const override;
+
+  // s = sign(x), with x as the receiver: the first narrows s, the second x.
+  int CalcSignumValue(KivOmbiInteger& s) const override;
+  int CalcInverseSignumValue(const KivOmbiInteger& s) override;
+
+  // z = x + y
   int CalcSumValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y);
   int CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
   int CalcFirstInverseSumValue(KivOmbEnumInteger& x, const KivOmbEnumInteger& y) const;
   int CalcFirstInverseSumValue(KivOmbSingleInteger& x, const KivOmbEnumInteger& y) const;
   int CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
+
+  // z = x * y. The inverse keeps the quotients z / y, truncated, of every y but 0.
+  int CalcProdValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y);
+  int CalcProdValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
+  int CalcFirstInverseProdValue(KivOmbEnumInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseProdValue(KivOmbSingleInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseProdValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
+
+  // z = x mod y, with the sign of x. Where y may be 0, z and x stay as they are, and y keeps its 0.
+  int CalcModValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y);
+  int CalcModValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
+  int CalcFirstInverseModValue(KivOmbEnumInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseModValue(KivOmbSingleInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInverseModValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
+  int CalcSecondInverseModValue(const KivOmbEnumInteger& x, KivOmbEnumInteger& y) const;
+  int CalcSecondInverseModValue(const KivOmbiNumber& x, KivOmbiNumber& y) const override;
+
+  // z = x ^ y. The first inverse keeps of the bases for one result and one exponent only the least
+  // and the greatest, which loses bases where an infinity or the exponent 0 admits more than two.
+  int CalcPowerValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y);
+  int CalcPowerValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
+  int CalcFirstInversePowerValue(KivOmbEnumInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInversePowerValue(KivOmbSingleInteger& x, const KivOmbEnumInteger& y) const;
+  int CalcFirstInversePowerValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
+  int CalcSecondInversePowerValue(const KivOmbEnumInteger& x, KivOmbEnumInteger& y) const;
+  int CalcSecondInversePowerValue(const KivOmbiNumber& x, KivOmbiNumber& y) const override;
 
  protected:
   int IsDerivedFrom(const char* ident) const override;
@@ -223,6 +286,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   void BecomeRange(std::int32_t lower, std::int32_t upper);
   void Keep(unsigned first, unsigned end);
   int NarrowTo(const KivSVectorImp_SubIntBase& kept);
+  void Shift(SubIntBase step);
   unsigned CountBelow(SubIntBase v) const;
   unsigned CountUpTo(SubIntBase v) const;
 

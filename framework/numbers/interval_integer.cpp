@@ -4,6 +4,7 @@
 
 #include "framework/numbers/bounds.h"
 #include "framework/numbers/number_descriptor.h"
+#include "framework/numbers/power.h"
 
 namespace {
 
@@ -14,6 +15,26 @@ const char identity[] = "KivOmbIntervalInteger";
 const KivStreamableClass streamable(identity, KivOmbIntervalInteger::Build, 1);
 const KivOmbNumberDescriptor<KivOmbIntervalInteger> descriptor("interval int",
                                                                KivOmbiInteger::sDescriptor, 0);
+
+SubdefInt HullOf(const KivOmbiInteger& x) {
+  return SubdefInt(x.GetLowerBound(), x.GetUpperBound());
+}
+
+// The frame of the inverses of the power: an Any result says nothing, a Nil domain makes the target
+// Nil; otherwise `hull_of(target, known)` holds what may stay.
+template <class HullOfSolutions>
+int NarrowByHull(const KivOmbIntervalInteger& result, KivOmbiNumber& target,
+                 const KivOmbiNumber& known, HullOfSolutions&& hull_of) {
+  if (target.IsNil() != 0) return 0;
+  const KivOmbiInteger* const integer = kiv::AsInteger(target);
+  const KivOmbiInteger* const other = kiv::AsInteger(known);
+  if (integer == nullptr || other == nullptr || result.CheckNil() != 0) {
+    target.SetNilValue();
+    return 1;
+  }
+  if (result.CheckAny() != 0) return 0;
+  return target.CalcEqualValue(KivOmbIntervalInteger(hull_of(*integer, *other)));
+}
 
 }  // namespace
 
@@ -273,6 +294,23 @@ int KivOmbIntervalInteger::CalcSumValue(const KivOmbiNumber& x, const KivOmbiNum
 int KivOmbIntervalInteger::CalcFirstInverseSumValue(KivOmbiNumber& x,
                                                     const KivOmbiNumber& y) const {
   return kiv::NarrowTerm(*this, x, y);
+}
+
+int KivOmbIntervalInteger::CalcFirstInversePowerValue(KivOmbiNumber& x,
+                                                      const KivOmbiNumber& y) const {
+  return NarrowByHull(*this, x, y,
+                      [this](const KivOmbiInteger& base, const KivOmbiInteger& exponent) {
+                        if (exponent.GetCardinality() != 1) return HullOf(base);
+                        return kiv::BasesOf(HullOf(*this), HullOf(base), exponent.GetLowerBound());
+                      });
+}
+
+int KivOmbIntervalInteger::CalcSecondInversePowerValue(const KivOmbiNumber& x,
+                                                       KivOmbiNumber& y) const {
+  return NarrowByHull(*this, y, x,
+                      [this](const KivOmbiInteger& exponent, const KivOmbiInteger& base) {
+                        return kiv::ExponentsOf(HullOf(*this), HullOf(base), HullOf(exponent));
+                      });
 }
 
 void KivOmbIntervalInteger::SetExactValue(std::int32_t value) { Become({value, value}); }

@@ -73,6 +73,10 @@ class KIV_EXPORT KivOmbIntervalInteger : public KivOmbiInteger {
   int CalcOneValue() override;
   int CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
   int CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
+  // Narrow x and y by the hull of what may solve z = x ^ y, exactly. The first inverse needs an
+  // exponent y of one value.
+  int CalcFirstInversePowerValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
+  int CalcSecondInversePowerValue(const KivOmbiNumber& x, KivOmbiNumber& y) const override;
 
   void SetExactValue(std::int32_t value) override;
   // Narrow this side of the interval; Nil stays.

@@ -2,6 +2,7 @@
 
 #include "framework/numbers/bounds.h"
 #include "framework/numbers/number_descriptor.h"
+#include "framework/numbers/power.h"
 
 namespace {
 
@@ -231,6 +232,22 @@ int KivOmbSingleInteger::CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumbe
 
 int KivOmbSingleInteger::CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const {
   return kiv::NarrowTerm(*this, x, y);
+}
+
+int KivOmbSingleInteger::CalcPowerValue(const KivOmbiNumber& x, const KivOmbiNumber& y) {
+  return kiv::Forward(*this, x, y, [&](const KivOmbiInteger& a, const KivOmbiInteger& b) {
+    if (a.GetCardinality() != 1 || b.GetCardinality() != 1) return 0;
+    const kiv::Power power = kiv::PowerOf(a.GetLowerBound(), b.GetLowerBound());
+    switch (power.state) {
+      case kiv::Power::kNone:
+        return Nil();
+      case kiv::Power::kValue:
+        return Narrow(power.value.GetValue(), power.value.GetValue());
+      case kiv::Power::kUnknown:
+        break;
+    }
+    return 0;
+  });
 }
 
 void KivOmbSingleInteger::SetExactValue(std::int32_t value) { Become({kValue, value}); }

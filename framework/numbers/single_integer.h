@@ -76,6 +76,8 @@ class KIV_EXPORT KivOmbSingleInteger : public KivOmbiInteger {
   int CalcOneValue() override;
   int CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
   int CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
+  // Takes the power of two values; where it is not known, nothing is narrowed.
+  int CalcPowerValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
 
   void SetExactValue(std::int32_t value) override;
   // A value beyond the bound becomes Nil; Any and Nil stay.

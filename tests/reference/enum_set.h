@@ -82,10 +82,42 @@ int NotLessAndUnequal(EnumSet& d, const EnumSet& x);
 int InverseNotLessAndUnequal(const EnumSet& d, EnumSet& x);
 int InverseNotLessAndUnequal(const EnumSet& d, Single& x);
 
-// z = x + y: the first narrows z, the inverse ones narrow x. `error` is set when plus and minus
-// infinity meet.
-int Sum(EnumSet& z, const EnumSet& x, const EnumSet& y, bool& error);
-int FirstInverseSum(const EnumSet& z, EnumSet& x, const EnumSet& y, bool& error);
-int FirstInverseSum(const EnumSet& z, Single& x, const EnumSet& y, bool& error);
+// z = x op y: the first of each narrows z, the first inverse x, the second inverse y. Those of the
+// minimum and maximum are for domains that are not Nil.
+int Sum(EnumSet& z, const EnumSet& x, const EnumSet& y);
+int FirstInverseSum(const EnumSet& z, EnumSet& x, const EnumSet& y);
+int FirstInverseSum(const EnumSet& z, Single& x, const EnumSet& y);
+int Product(EnumSet& z, const EnumSet& x, const EnumSet& y);
+int FirstInverseProduct(const EnumSet& z, EnumSet& x, const EnumSet& y);
+int FirstInverseProduct(const EnumSet& z, Single& x, const EnumSet& y);
+int Mod(EnumSet& z, const EnumSet& x, const EnumSet& y);
+int FirstInverseMod(const EnumSet& z, EnumSet& x, const EnumSet& y);
+int FirstInverseMod(const EnumSet& z, Single& x, const EnumSet& y);
+int SecondInverseMod(const EnumSet& z, const EnumSet& x, EnumSet& y);
+int PowerForward(EnumSet& z, const EnumSet& x, const EnumSet& y);
+int FirstInversePower(const EnumSet& z, EnumSet& x, const EnumSet& y);
+int FirstInversePower(const EnumSet& z, Single& x, const EnumSet& y);
+int SecondInversePower(const EnumSet& z, const EnumSet& x, EnumSet& y);
+int Min(EnumSet& z, const EnumSet& a, const EnumSet& b);
+int FirstInverseMin(const EnumSet& z, EnumSet& x, const EnumSet& y);
+int FirstInverseMin(const EnumSet& z, Single& x, const EnumSet& y);
+int Max(EnumSet& z, const EnumSet& a, const EnumSet& b);
+int FirstInverseMax(const EnumSet& z, EnumSet& x, const EnumSet& y);
+int FirstInverseMax(const EnumSet& z, Single& x, const EnumSet& y);
+
+// The end of a first inverse with a single target: `collected` are its possible values.
+int DecideSingle(Single& x, const EnumSet& collected);
+
+// z = f(x): the inverse ones narrow x. Those with a single target are for a z that holds values and
+// an x that is not Nil.
+int Absolute(EnumSet& z, const EnumSet& x);
+int InverseAbsolute(const EnumSet& z, EnumSet& x);
+int InverseAbsolute(const EnumSet& z, Single& x);
+int Negative(EnumSet& z, const EnumSet& x);
+int InverseNegative(const EnumSet& z, EnumSet& x);
+int InverseNegative(const EnumSet& z, Single& x);
+int Next(EnumSet& z, const EnumSet& a);
+int InverseNext(const EnumSet& z, EnumSet& a);
+int InverseNext(const EnumSet& z, Single& a);
 
 }  // namespace kiv::reference

@@ -1,31 +1,16 @@
-#include <algorithm>
-
+#include "tests/reference/arithmetic.h"
 #include "tests/reference/enum_set.h"
 
 namespace kiv::reference {
 
 namespace {
 
-bool IsInfinite(std::int32_t v) { return v == kMin || v == kMax; }
-
-std::int32_t Plus(std::int32_t a, std::int32_t b, bool& error) {
-  if (IsInfinite(a) && IsInfinite(b) && a != b) {
-    error = true;
-    return 0;
-  }
-  if (IsInfinite(a)) return a;
-  if (IsInfinite(b)) return b;
-  const std::int64_t sum = std::int64_t{a} + b;
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, kMin, kMax));
-}
-
-// The candidates a + sign * b. A collection that is Any takes nothing more, yet every a is still
-// combined with the first b.
-EnumSet Collect(const EnumSet& outer, const EnumSet& inner, int sign, bool& error) {
+// A collection that is Any takes nothing more, yet every a is still combined with the first b.
+EnumSet Differences(const EnumSet& z, const EnumSet& y) {
   EnumSet collected;
-  for (const std::int32_t a : outer.values) {
-    for (const std::int32_t b : inner.values) {
-      if (Insert(collected, Plus(a, sign * b, error)) == 0) break;
+  for (const std::int32_t a : z.values) {
+    for (const std::int32_t b : y.values) {
+      if (Insert(collected, Plus(a, -b)) == 0) break;
     }
   }
   return collected;
@@ -33,20 +18,29 @@ EnumSet Collect(const EnumSet& outer, const EnumSet& inner, int sign, bool& erro
 
 }  // namespace
 
-int Sum(EnumSet& z, const EnumSet& x, const EnumSet& y, bool& error) {
+int Sum(EnumSet& z, const EnumSet& x, const EnumSet& y) {
   if (x.IsAny()) return 0;
   if (y.IsAny()) return 0;
-  return Intersect(z, Collect(x, y, 1, error));
+  EnumSet collected;
+  for (const std::int32_t a : x.values) {
+    for (const std::int32_t b : y.values) {
+      if (Insert(collected, Plus(a, b)) == 0) break;
+    }
+  }
+  return Intersect(z, collected);
 }
 
-int FirstInverseSum(const EnumSet& z, EnumSet& x, const EnumSet& y, bool& error) {
+int FirstInverseSum(const EnumSet& z, EnumSet& x, const EnumSet& y) {
   if (y.IsAny()) return 0;
-  return Intersect(x, Collect(z, y, -1, error));
+  return Intersect(x, Differences(z, y));
 }
 
-int FirstInverseSum(const EnumSet& z, Single& x, const EnumSet& y, bool& error) {
+int FirstInverseSum(const EnumSet& z, Single& x, const EnumSet& y) {
   if (y.IsAny()) return 0;
-  const EnumSet collected = Collect(z, y, -1, error);
+  return DecideSingle(x, Differences(z, y));
+}
+
+int DecideSingle(Single& x, const EnumSet& collected) {
   if (x.state == Single::kNil) return 0;
   if (collected.IsAny()) return 0;
   if (collected.IsNil()) return MakeNil(x);

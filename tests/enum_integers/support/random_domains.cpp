@@ -59,7 +59,7 @@ reference::EnumSet RandomSmallSet(Random& random) {
 }
 
 reference::EnumSet RandomSet(Random& random) {
-  switch (random.Between(0, 11)) {
+  switch (random.Between(0, 12)) {
     case 0:
       return Dense(random, random.Between(1, 60));
     case 1:
@@ -73,7 +73,17 @@ reference::EnumSet RandomSet(Random& random) {
       set.values.insert(set.values.end(), upper.values.begin(), upper.values.end());
       return set;
     }
-    case 4:
+    case 4: {
+      // A few clusters far from each other.
+      reference::EnumSet set{{}, random.Between(0, 1)};
+      std::int32_t low = random.Between(-3000, -2000);
+      for (std::int32_t n = random.Between(2, 5); n > 0; --n, low += random.Between(100, 1000)) {
+        const reference::EnumSet cluster = Chosen(random, random.Between(1, 8), low, low + 9);
+        set.values.insert(set.values.end(), cluster.values.begin(), cluster.values.end());
+      }
+      return set;
+    }
+    case 5:
       // About the cap; rarely, because the reference is slow.
       return Dense(random, random.OneIn(8) ? random.Between(1022, 1024) : random.Between(60, 150));
     default:

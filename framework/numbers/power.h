@@ -1,0 +1,32 @@
+#pragma once
+
+#include "framework/intervals/sub_int_base.h"
+#include "framework/intervals/subdef_int.h"
+
+// Powers of integers, and the bases and exponents that give them. The ends of SubIntBase stand for
+// the infinities; as bases and results they are integers like all others.
+namespace kiv {
+
+// What base ^ exponent is. The exponent 0 gives 1, whatever the base. A finite power is clamped,
+// keeping its sign. A negative exponent has values for the bases 1 and -1 alone. An infinite
+// exponent gives 0 and 1 as usual and plus infinity for a base of 2 or more, or no value when it is
+// minus infinity and the base is not 1; of a negative base its power is not known.
+struct Power {
+  enum State { kNone, kValue, kUnknown };
+  State state;
+  SubIntBase value;  // 0 unless the state is kValue
+
+  // Whether the power may be in `result`.
+  bool MayBeIn(const SubdefInt& result) const;
+};
+Power PowerOf(SubIntBase base, SubIntBase exponent);
+
+// The hull of those bases in `bases` whose power for `exponent` may be in `result`; empty when
+// there are none. Takes about 60 powers at most.
+SubdefInt BasesOf(const SubdefInt& result, const SubdefInt& bases, SubIntBase exponent);
+
+// The hull of those exponents in `exponents` for which some base of `bases` has a power that may be
+// in `result`; empty when there are none. Asks for the bases of about 40 exponents at most.
+SubdefInt ExponentsOf(const SubdefInt& result, const SubdefInt& bases, const SubdefInt& exponents);
+
+}  // namespace kiv
