@@ -24,6 +24,9 @@ const std::vector<ForwardEntryCase> kForwardEntries = {
     {"Less", [](auto& t, auto& x) { return t.CalcLessValue(x); }},
     {"NotLess", [](auto& t, auto& x) { return t.CalcNotLessValue(x); }},
     {"NotLessAndUnequal", [](auto& t, auto& x) { return t.CalcNotLessAndUnequalValue(x); }},
+    {"Next", [](auto& t, auto& x) { return t.CalcNextValue(x); }},
+    {"Absolute", [](auto& t, auto& x) { return t.CalcAbsoluteValue(x); }},
+    {"Negative", [](auto& t, auto& x) { return t.CalcNegativeValue(x); }},
 };
 
 struct InverseEntryCase {
@@ -36,6 +39,9 @@ const std::vector<InverseEntryCase> kInverseEntries = {
     {"Less", [](auto& t, auto& x) { return t.CalcInverseLessValue(x); }},
     {"NotLess", [](auto& t, auto& x) { return t.CalcInverseNotLessValue(x); }},
     {"NotLessAndUnequal", [](auto& t, auto& x) { return t.CalcInverseNotLessAndUnequalValue(x); }},
+    {"Next", [](auto& t, auto& x) { return t.CalcInverseNextValue(x); }},
+    {"Absolute", [](auto& t, auto& x) { return t.CalcInverseAbsoluteValue(x); }},
+    {"Negative", [](auto& t, auto& x) { return t.CalcInverseNegativeValue(x); }},
 };
 
 TEST(ForwardEntryOfOneOperand, WithANilTargetReturnsZero) {
@@ -256,6 +262,129 @@ TEST(FirstInverseEntry, TakesTheTargetItselfAsOperand) {
   KivOmbEnumInteger x = Set({1, 2, 5});
   EXPECT_EQ(InverseSum(Set({7}), x, x), 1);
   EXPECT_EQ(Text(x), "{ 2, 5 }");
+}
+
+// z = x mod y, and z = x ^ y.
+struct SecondInverseEntryCase {
+  const char* name;
+  std::function<int(const KivOmbEnumInteger&, const KivOmbiNumber&, KivOmbiNumber&)> call;
+};
+
+const std::vector<SecondInverseEntryCase> kSecondInverseEntries = {
+    {"Mod", [](auto& z, auto& x, auto& y) { return z.CalcSecondInverseModValue(x, y); }},
+    {"Power", [](auto& z, auto& x, auto& y) { return z.CalcSecondInversePowerValue(x, y); }},
+};
+
+TEST(SecondInverseEntry, NarrowsTargetsByOperandsOfBothKinds) {
+  const KivOmbEnumInteger z = Set({1, 4});
+  const KivOmbEnumInteger x_set = Set({-2});
+  const KivOmbSingleInteger x_single(-2);
+  for (const KivOmbiNumber* const x :
+       std::initializer_list<const KivOmbiNumber*>{&x_set, &x_single}) {
+    KivOmbEnumInteger set = Range(-3, 3);
+    EXPECT_EQ(z.CalcSecondInversePowerValue(*x, set), 1);
+    EXPECT_EQ(Text(set), "{ 0, 2 }");
+    KivOmbSingleInteger single(2);
+    EXPECT_EQ(z.CalcSecondInversePowerValue(*x, single), 0);
+    EXPECT_EQ(Text(single), "2");
+    single.SetExactValue(3);
+    EXPECT_EQ(z.CalcSecondInversePowerValue(*x, single), 1);
+    EXPECT_EQ(single.CheckNil(), 1);
+  }
+}
+
+TEST(SecondInverseEntry, GivesAnAnySingleItsOnlyValue) {
+  KivOmbSingleInteger single;
+  EXPECT_EQ(Set({8}).CalcSecondInversePowerValue(KivOmbSingleInteger(2), single), 1);
+  EXPECT_EQ(Text(single), "3");
+}
+
+TEST(SecondInverseEntry, WithANilTargetReturnsZero) {
+  for (const auto& entry : kSecondInverseEntries) {
+    KivOmbEnumInteger set = NilSet();
+    KivOmbSingleInteger single = NilSingle();
+    KivOmbIntervalInteger interval = NilInterval();
+    EXPECT_EQ(entry.call(NilSet(), NilSet(), set), 0) << entry.name;
+    EXPECT_EQ(entry.call(NilSet(), NilSingle(), single), 0) << entry.name;
+    EXPECT_EQ(entry.call(NilSet(), NilSet(), interval), 0) << entry.name;
+  }
+}
+
+TEST(SecondInverseEntry, WithANilOperandOrReceiverMakesTheTargetNil) {
+  const KivOmbEnumInteger nil = NilSet();
+  const KivOmbSingleInteger nil_single = NilSingle();
+  const KivOmbEnumInteger any;
+  const KivOmbEnumInteger one = Set({1});
+  struct {
+    const KivOmbEnumInteger& z;
+    const KivOmbiNumber& x;
+  } const cases[] = {{any, nil}, {any, nil_single}, {nil, any}, {nil, one}};
+  for (const auto& entry : kSecondInverseEntries) {
+    for (const auto& [z, x] : cases) {
+      KivOmbEnumInteger set = SetLeftAny({1});
+      KivOmbSingleInteger single;
+      KivOmbIntervalInteger interval = Interval(1, 2);
+      EXPECT_EQ(entry.call(z, x, set), 1) << entry.name;
+      EXPECT_EQ(entry.call(z, x, single), 1) << entry.name;
+      EXPECT_EQ(entry.call(z, x, interval), 1) << entry.name;
+      EXPECT_EQ(set.CheckNil(), 1);
+      EXPECT_EQ(single.CheckNil(), 1);
+      EXPECT_EQ(interval.CheckNil(), 1);
+    }
+  }
+}
+
+TEST(SecondInverseEntry, WithAnAnyOperandOrReceiverLeavesEveryTarget) {
+  const KivOmbEnumInteger any;
+  const KivOmbSingleInteger any_single;
+  const KivOmbEnumInteger one = Set({1});
+  struct {
+    const KivOmbEnumInteger& z;
+    const KivOmbiNumber& x;
+  } const cases[] = {{any, one}, {one, any}, {one, any_single}, {any, any}};
+  for (const auto& entry : kSecondInverseEntries) {
+    for (const auto& [z, x] : cases) {
+      KivOmbEnumInteger set = Set({7});
+      KivOmbSingleInteger single(7);
+      KivOmbIntervalInteger interval = Interval(7, 8);
+      EXPECT_EQ(entry.call(z, x, set), 0) << entry.name;
+      EXPECT_EQ(entry.call(z, x, single), 0) << entry.name;
+      EXPECT_EQ(entry.call(z, x, interval), 0) << entry.name;
+      EXPECT_EQ(Text(set), "7");
+      EXPECT_EQ(Text(single), "7");
+      EXPECT_EQ(Text(interval), "[7, 8]");
+    }
+  }
+}
+
+TEST(SecondInverseEntry, TakesAnIntervalOperandAsNil) {
+  for (const auto& entry : kSecondInverseEntries) {
+    KivOmbEnumInteger set = Set({1});
+    EXPECT_EQ(entry.call(Set({5}), Interval(1, 9), set), 1) << entry.name;
+    EXPECT_EQ(set.CheckNil(), 1);
+    KivOmbSingleInteger single(1);
+    EXPECT_EQ(entry.call(Set({5}), KivOmbIntervalInteger(), single), 1) << entry.name;
+    EXPECT_EQ(single.CheckNil(), 1);
+  }
+}
+
+TEST(SecondInverseEntry, LeavesAnIntervalTarget) {
+  for (const auto& entry : kSecondInverseEntries) {
+    KivOmbIntervalInteger interval = Interval(0, 100);
+    EXPECT_EQ(entry.call(Set({5}), Set({2}), interval), 0) << entry.name;
+    EXPECT_EQ(Text(interval), "[0, 100]");
+  }
+}
+
+TEST(SecondInverseEntry, TakesTheTargetItselfAsOperandOrReceiver) {
+  KivOmbEnumInteger y = Set({2, 3, 7});
+  EXPECT_EQ(Set({1}).CalcSecondInverseModValue(static_cast<const KivOmbiNumber&>(y),
+                                               static_cast<KivOmbiNumber&>(y)),
+            1);
+  EXPECT_EQ(Text(y), "{ 2, 3 }");
+  y = Set({1, 3, 5});
+  EXPECT_EQ(y.CalcSecondInverseModValue(KivOmbSingleInteger(4), static_cast<KivOmbiNumber&>(y)), 1);
+  EXPECT_EQ(Text(y), "3");
 }
 
 }  // namespace

@@ -262,6 +262,7 @@ void CompareAll(const Operator<Base>& op) {
   Random random;
   for (const Operation& operation : op.Operations()) {
     Compare(operation, random, kCases);
+    RunWithoutMemory(operation, random, kCases / 8);
     std::cout << operation.name << ": " << kCases << " cases\n";
     if (testing::Test::HasFatalFailure()) return;
   }
@@ -399,21 +400,23 @@ TEST(OperatorsDifferential, Sign) {
               reference::InverseSignum));
 }
 
-EnumSet Integers(std::int32_t n) {
+// `n` integers from 0 or 1 on.
+EnumSet FirstIntegers(Random& random, std::int32_t n) {
   EnumSet set;
-  for (std::int32_t v = 0; v < n; ++v) set.values.push_back(v);
+  const std::int32_t first = random.Between(0, 1);
+  for (std::int32_t i = 0; i < n; ++i) set.values.push_back(first + i);
   return set;
 }
 
-// Two sets with about as many sums, differences or products as the cap, with repetitions as first,
-// inner and last candidate. The wide one is the first or the second.
+// Two sets with about as many sums, differences, products or quotients as the cap, with repetitions
+// as first, inner and last candidate. The wide one is the first or the second.
 Operands SetsAboutTheCap(Random& random) {
-  EnumSet wide = Integers(random.Between(1018, 1024));
-  EnumSet narrow = Integers(random.Between(1, 4));
-  if (random.OneIn(2)) wide.values.push_back(random.Between(1024, 1040));
+  EnumSet wide = FirstIntegers(random, random.Between(1018, 1024));
+  EnumSet narrow = FirstIntegers(random, random.Between(1, 4));
+  if (random.OneIn(2)) wide.values.push_back(random.Between(1025, 1040));
   while (wide.values.size() > reference::kCap) wide.values.pop_back();
-  if (random.OneIn(2)) narrow.values.front() = -1;
-  if (random.OneIn(2)) std::swap(wide, narrow);
+  if (random.OneIn(3)) narrow.values.front() = -1;
+  if (random.OneIn(3)) std::swap(wide, narrow);
   return {EnumSet{{}, 1}, wide, narrow};
 }
 
@@ -440,7 +443,7 @@ TEST(OperatorsDifferential, CollectionsAboutTheCap) {
   };
   Random random;
   for (const Operation& operation : forward) {
-    Compare(operation, random, 20);
+    Compare(operation, random, 60);
     if (HasFatalFailure()) return;
   }
 }

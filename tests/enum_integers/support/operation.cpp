@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "enum_integers/storage/slot_memory.h"
 #include "framework/numbers/single_boolean.h"
 #include "tests/reference/arithmetic.h"
 
@@ -42,6 +45,35 @@ std::vector<std::size_t> ShareObjects(Random& random, Operands& values) {
   return owner;
 }
 
+struct Arguments {
+  std::vector<std::unique_ptr<KivOmbiAny>> owned;
+  Objects objects;
+};
+
+Arguments MadeArguments(const Operands& values, const std::vector<std::size_t>& owner) {
+  Arguments arguments;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    arguments.owned.push_back(owner[i] == i ? Made(values[i]) : nullptr);
+    arguments.objects.push_back(arguments.owned[owner[i]].get());
+  }
+  return arguments;
+}
+
+// Whether no value is in `after` that was not in `before`.
+bool IsPartOf(const Operand& after, const Operand& before) {
+  using namespace reference;
+  if (IsAny(before) || IsNil(after)) return true;
+  if (const auto* d = std::get_if<EnumSet>(&before)) {
+    const auto& values = std::get<EnumSet>(after).values;
+    return std::includes(d->values.begin(), d->values.end(), values.begin(), values.end());
+  }
+  if (const auto* i = std::get_if<Interval>(&before)) {
+    const auto& interval = std::get<Interval>(after);
+    return i->lower <= interval.lower && interval.upper <= i->upper;
+  }
+  return after == before;
+}
+
 }  // namespace
 
 std::unique_ptr<KivOmbiAny> Made(const Operand& value) {
@@ -72,12 +104,8 @@ void Compare(const Operation& operation, Random& random, int cases) {
     SCOPED_TRACE(operation.name + " of " + testing::PrintToString(before) + ", objects " +
                  testing::PrintToString(owner));
 
-    std::vector<std::unique_ptr<KivOmbiAny>> owned(before.size());
-    Objects objects(before.size());
-    for (std::size_t i = 0; i < before.size(); ++i) {
-      if (owner[i] == i) owned[i] = Made(before[i]);
-      objects[i] = owned[owner[i]].get();
-    }
+    const Arguments arguments = MadeArguments(before, owner);
+    const Objects& objects = arguments.objects;
 
     Operands expected = before;
     SDClearError();
@@ -90,6 +118,31 @@ void Compare(const Operation& operation, Random& random, int cases) {
           << "argument " << i;
     }
     ASSERT_EQ(SDCheckError() != 0, reference::arithmetic_error);
+  }
+  SDClearError();
+}
+
+void RunWithoutMemory(const Operation& operation, Random& random, int cases) {
+  for (int n = 0; n < cases; ++n) {
+    Operands before = operation.arguments(random);
+    const std::vector<std::size_t> owner = ShareObjects(random, before);
+    const auto arrays = static_cast<std::uint32_t>(random.Between(0, 8));
+    SCOPED_TRACE(operation.name + " of " + testing::PrintToString(before) + " with " +
+                 std::to_string(arrays) + " arrays");
+    const Arguments arguments = MadeArguments(before, owner);
+    const int code = [&] {
+      const SlotMemoryLimit limit(arrays);
+      return operation.module(arguments.objects);
+    }();
+    ASSERT_TRUE(code == 0 || code == 1) << code;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+      const Operand after = Read(*arguments.objects[i]);
+      if (owner[i] == owner[operation.target]) {
+        ASSERT_TRUE(IsPartOf(after, before[i])) << testing::PrintToString(after);
+      } else {
+        ASSERT_EQ(after, before[i]) << "argument " << i;
+      }
+    }
   }
   SDClearError();
 }

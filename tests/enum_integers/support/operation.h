@@ -31,6 +31,10 @@ struct Operation {
 // of the literal version.
 void Compare(const Operation& operation, Random& random, int cases);
 
+// Runs `operation` on `cases` random arguments with memory for a few arrays only: it still returns
+// a result code, leaves the known arguments as they are and adds nothing to its target.
+void RunWithoutMemory(const Operation& operation, Random& random, int cases);
+
 // The domain of a value.
 std::unique_ptr<KivOmbiAny> Made(const Operand& value);
 Operand Read(const KivOmbiAny& domain);
