@@ -211,14 +211,15 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   int CalcInverseNotLessAndUnequalValue(KivOmbSingleInteger& x) const;
   int CalcInverseNotLessAndUnequalValue(KivOmbiAny& x) const override;
 
-  // z = next(x), which is x + 1.
+  // z = next(x), which is x + 1, saturating: an Any z takes plus infinity twice when x holds it and
+  // its predecessor.
   int CalcNextValue(const KivOmbEnumInteger& x);
   int CalcNextValue(const KivOmbiScalar& x) override;
   int CalcInverseNextValue(KivOmbEnumInteger& x) const;
   int CalcInverseNextValue(KivOmbSingleInteger& x) const;
   int CalcInverseNextValue(KivOmbiScalar& x) const override;
 
-  // z = abs(x). A z that is not Any is narrowed by an Any x as well: to its own absolute values.
+  // z = abs(x). An Any x narrows z too: to its values that are not negative.
   int CalcAbsoluteValue(const KivOmbEnumInteger& x);
   int CalcAbsoluteValue(const KivOmbiNumber& x) override;
   int CalcInverseAbsoluteValue(KivOmbEnumInteger& x) const;
@@ -290,7 +291,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   unsigned CountBelow(SubIntBase v) const;
   unsigned CountUpTo(SubIntBase v) const;
 
-  KivSVectorImp_SubIntBase values;  // ascending, without duplicates
+  KivSVectorImp_SubIntBase values;  // ascending; plus infinity alone may stand twice
   int anyFlag;                      // without values: 1 is Any, 0 is Nil
 };
 

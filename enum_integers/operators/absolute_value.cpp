@@ -1,6 +1,6 @@
 // z = abs(x). A domain is split at zero and its halves are mirrored and united. The halves keep its
-// leftover flag: one that loses all values falls into the state that the flag names, and a half
-// that is Any says nothing of the target.
+// leftover flag: one that loses all values falls into the state that the flag names, and when that
+// is Any, so is the union, which says nothing of the target.
 
 #include <cstdlib>
 
@@ -16,8 +16,7 @@ int AcceptAll(const SubIntBase&, void*) { return 1; }
 }  // namespace
 
 int KivOmbEnumInteger::CalcAbsoluteValue(const KivOmbEnumInteger& x) {
-  if (x.CheckAny() && CheckAny()) return 0;
-  // Nothing is known of x: z is narrowed by its own absolute values, which are not negative.
+  // When nothing is known of x, z is narrowed by its own absolute values: to those not negative.
   const KivOmbEnumInteger& source = x.CheckAny() ? *this : x;
   const unsigned negatives = source.CountBelow(0);
   KivOmbEnumInteger mirrored(source);
@@ -25,7 +24,6 @@ int KivOmbEnumInteger::CalcAbsoluteValue(const KivOmbEnumInteger& x) {
   mirrored.Minus();
   KivOmbEnumInteger others(source);
   others.Keep(negatives, source.Count());
-  if (mirrored.CheckAny() || others.CheckAny()) return 0;
   mirrored.Unite(others);
   return Intersect(mirrored, AcceptAll, nullptr);
 }

@@ -4,7 +4,6 @@
 #include "enum_integers/domain/enum_integer.h"
 
 int KivOmbEnumInteger::CalcNegativeValue(const KivOmbEnumInteger& x) {
-  if (x.CheckAny()) return 0;
   KivOmbEnumInteger mirrored(x);
   mirrored.Minus();
   return Intersect(mirrored);

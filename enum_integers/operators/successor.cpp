@@ -13,7 +13,6 @@ constexpr std::int32_t kMax = KivOmbSingleInteger::sNC_INT_MAX;
 }  // namespace
 
 int KivOmbEnumInteger::CalcNextValue(const KivOmbEnumInteger& x) {
-  if (x.CheckAny()) return 0;
   if (x.CheckNil()) return Nil();
   KivOmbEnumInteger successors(x);
   successors.Shift(1);
