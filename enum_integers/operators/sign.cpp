@@ -35,7 +35,6 @@ int KivOmbEnumInteger::CalcSignumValue(KivOmbiInteger& s) const {
 int KivOmbEnumInteger::CalcInverseSignumValue(const KivOmbiInteger& s) {
   if (CheckNil()) return 0;
   if (s.IsNil()) return Nil();
-  if (s.IsUndefined()) return 0;
   const KivOmbSingleInteger zero(0);
   switch (SignsOf(s)) {
     case kNone:
@@ -52,7 +51,7 @@ int KivOmbEnumInteger::CalcInverseSignumValue(const KivOmbiInteger& s) {
       return CalcUnequalValue(zero);
     case kZero | kPositive:
       return CalcNotLessValue(zero);
-    default:  // every sign is possible
+    default:  // every sign is possible, as for an Any s
       return 0;
   }
 }

@@ -138,14 +138,13 @@ int SecondInversePower(const EnumSet& z, const EnumSet& x, EnumSet& y) {
         if (collected.IsAny()) return 0;
       } else {
         for (const std::int32_t b : y.values) {
-          if (Exponents(c, a, {false, b, b}).nil) continue;
           // Repetitions and all.
-          collected.values.insert(
-              std::upper_bound(collected.values.begin(), collected.values.end(), b), b);
+          if (MayBe(PowerOf(a, b), c)) collected.values.push_back(b);
         }
       }
     }
   }
+  std::sort(collected.values.begin(), collected.values.end());
   return Intersect(y, collected);
 }
 

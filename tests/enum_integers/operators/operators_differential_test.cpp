@@ -83,7 +83,7 @@ EnumSet RandomPowerSet(Random& random) {
     case 1:
       return {{}, 0};
     case 2:
-      return RandomSet(random);
+      return random.OneIn(4) ? RandomSet(random) : RandomSmallSet(random);
     case 3:
     case 4: {
       EnumSet set{{}, 0};
