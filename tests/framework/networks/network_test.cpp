@@ -239,6 +239,14 @@ TEST_F(Network, TheStopFlagEndsPropagationAndItGoesOnAfterwards) {
   EXPECT_EQ(network_.GetSummary(x).upper, 2);
 }
 
+TEST_F(Network, TheStopFlagIsSeenWithNothingToRun) {
+  std::atomic<bool> stop = true;
+  network_.SetStopFlag(&stop);
+  EXPECT_EQ(network_.Propagate(), Outcome::kStopped);
+  stop = false;
+  EXPECT_EQ(network_.Propagate(), Outcome::kFixpoint);
+}
+
 TEST_F(Network, RefusesWhatIsNoDomainAndOperandsThatAreNotThere) {
   EXPECT_THROW(network_.AddVariable(*KivOmbiInteger::sDescriptor), std::invalid_argument);
   const auto x = Enum({1});
