@@ -1,5 +1,6 @@
 #include "tests/support/modules.h"
 
+#include <cstdlib>
 #include <memory>
 #include <stdexcept>
 
@@ -15,8 +16,11 @@ const KivOmbiObjectDescriptor* Modules::FindKind(std::string_view name) const {
 const Modules& OpenModules() {
   static const std::unique_ptr<const Modules> modules = [] {
     auto opened = std::make_unique<Modules>();
-    if (opened->manager.OpenModule("KivOmbEnumIntegers") == nullptr) {
-      throw std::runtime_error(opened->manager.GetError());
+    setenv("KIV_MODULE_PATH", FOREIGN_MODULES, 1);
+    for (const char* name : {"KivOmbEnumIntegers", "KivForeign"}) {
+      if (opened->manager.OpenModule(name) == nullptr) {
+        throw std::runtime_error(opened->manager.GetError());
+      }
     }
     for (const KivOmbiModule* module : opened->manager.GetModules()) {
       opened->operators.Add(*module);

@@ -8,7 +8,8 @@
 
 namespace kiv::test {
 
-// The modules of the build tree, opened through a manager.
+// The modules of the build tree, and one with a kind that none of them knows, opened through a
+// manager.
 struct Modules {
   KivOmbiModuleManager manager;
   KivOmbiOperatorTable operators;

@@ -39,7 +39,7 @@ Values RandomValues(Random& random, Kind kind) {
   const int count = Pick(random, 1, 6);
   Values values;
   for (int value = Pick(random, -5, 3); static_cast<int>(values.size()) < count; ++value) {
-    if (name == "interval int" || Pick(random, 0, 1) == 0) values.push_back(value);
+    if (name != "enum int" || Pick(random, 0, 1) == 0) values.push_back(value);
   }
   return values;
 }

@@ -28,7 +28,7 @@ Declared RandomVariable(Random& random) {
   Values values;
   const int count = Pick(random, 1, 5);
   for (int value = Pick(random, -4, 3); static_cast<int>(values.size()) < count; ++value) {
-    if (kind->GetName() == "interval int" || Pick(random, 0, 2) != 0) values.push_back(value);
+    if (kind->GetName() != "enum int" || Pick(random, 0, 2) != 0) values.push_back(value);
   }
   return {kind, values};
 }
