@@ -2,7 +2,9 @@
 
 include(CMakePackageConfigHelpers)
 
-install(DIRECTORY framework enum_integers solver DESTINATION include/kiv FILES_MATCHING PATTERN "*.h")
+# The grammar is the parser's own, and needs PEGTL.
+install(DIRECTORY framework enum_integers solver DESTINATION include/kiv
+        FILES_MATCHING PATTERN "*.h" PATTERN "grammar.h" EXCLUDE)
 install(EXPORT KivTargets NAMESPACE Kiv:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Kiv"
         FILE KivTargets.cmake)
 file(WRITE "${PROJECT_BINARY_DIR}/KivConfig.cmake"

@@ -15,7 +15,8 @@ KivOmbiObjectDescriptor::~KivOmbiObjectDescriptor() = default;
 
 const char* KivOmbiObjectDescriptor::CastableID() const { return CastableIdent; }
 
-// The parent is not part of the record: a kind's place below others is its class's own, not a value.
+// The parent is not part of the record: a kind's place below others is its class's own, not a
+// value.
 void KivOmbiObjectDescriptor::Write(Kivopstream& out) const {
   KivOmbiBase::Write(out);
   out << name_;
@@ -75,9 +76,9 @@ std::int64_t KivOmbiConstraintDescriptor::GetArgumentsSize() const {
 }
 
 KivOmbiCompoundObjectDescriptor::KivOmbiCompoundObjectDescriptor(
-    const KivString& symbol, const char* factory,
-    std::vector<const KivOmbiObjectDescriptor*> kinds, unsigned operands, unsigned result,
-    KivOmbiArgumentOrder order, const KivOmbiObjectDescriptor* constraint)
+    const KivString& symbol, const char* factory, std::vector<const KivOmbiObjectDescriptor*> kinds,
+    unsigned operands, unsigned result, KivOmbiArgumentOrder order,
+    const KivOmbiObjectDescriptor* constraint)
     : KivOmbiObjectDescriptor(symbol, nullptr, 0),
       factory_(factory),
       kinds_(std::move(kinds)),

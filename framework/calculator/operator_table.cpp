@@ -14,7 +14,8 @@ unsigned Depth(const KivOmbiObjectDescriptor* kind) {
 
 void KivOmbiOperatorTable::Add(const KivOmbiModule& module) {
   for (const KivOmbiObjectDescriptor* descriptor : module.GetObjectDescriptors()) {
-    if (const auto* row = KivCast<KivOmbiCompoundObjectDescriptor>(descriptor)) rows_.push_back(row);
+    if (const auto* row = KivCast<KivOmbiCompoundObjectDescriptor>(descriptor))
+      rows_.push_back(row);
   }
 }
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 void* KivOmbiNetworkMemory::Allocate(std::size_t size, std::size_t alignment) {
-  constexpr std::size_t kBlock = 64 * 1024;
+  constexpr std::size_t kBlock = std::size_t{64} * 1024;
   void* memory = next_;
   if (memory == nullptr || std::align(alignment, size, memory, left_) == nullptr) {
     left_ = std::max(kBlock, size + alignment);

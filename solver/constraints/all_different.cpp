@@ -11,30 +11,27 @@ namespace {
 
 const KivOmbiConstraintDescriptor descriptor("kiv::AllDifferent", 0, 0, true);
 
-unsigned CountFixed(const KivOmbiObjectEnvironment& environment) {
-  unsigned fixed = 0;
-  for (unsigned i = 0; i < environment.Count(); ++i) fixed += environment.Summary(i).IsFixed();
-  return fixed;
-}
-
 }  // namespace
 
 AllDifferent::AllDifferent() : KivOmbiConstraint(&descriptor) {}
 
+// A removal can fix an argument, and can move the bound of an interval to a value that it could not
+// lose before; so all is tried again until nothing changes.
 std::int64_t AllDifferent::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  unsigned fixed = CountFixed(environment);
-  for (unsigned before = 0; before != fixed; fixed = CountFixed(environment)) {
-    before = fixed;
+  for (bool changed = true; changed;) {
+    changed = false;
     for (unsigned i = 0; i < environment.Count(); ++i) {
       if (!environment.Summary(i).IsFixed()) continue;
       const std::int32_t value = environment.Summary(i).lower;
       for (unsigned j = 0; j < environment.Count(); ++j) {
         if (j == i) continue;
+        const KivOmbiDomainSummary before = environment.Summary(j);
         if (const auto result = RemoveValue(environment, j, value)) return result;
+        changed |= environment.Summary(j) != before;
       }
     }
   }
-  return fixed == environment.Count() ? kKivAtFixpoint | kKivEntailed : kKivAtFixpoint;
+  return environment.AllFixed() ? kKivAtFixpoint | kKivEntailed : kKivAtFixpoint;
 }
 
 KivOmbiConstraint::Cost AllDifferent::GetCost() const { return kLinear; }

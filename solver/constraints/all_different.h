@@ -4,7 +4,8 @@
 
 namespace kiv {
 
-// No two of its integers are equal. Removes the value of a fixed argument from all others.
+// No two of its integers are equal. When an argument becomes fixed, removes the value of each fixed
+// argument from all others, as far as their kinds can lose it.
 class KIV_EXPORT AllDifferent final : public KivOmbiConstraint {
  public:
   AllDifferent();

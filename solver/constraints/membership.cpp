@@ -20,6 +20,9 @@ Membership::Membership(std::vector<std::int32_t> values)
     : KivOmbiConstraint(&descriptor), values_(std::move(values)) {}
 
 std::int64_t Membership::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
+  if (environment.Summary(kX).IsAny()) {
+    TakeValues(environment, kX, [&](auto&& add) { std::ranges::for_each(values_, add); });
+  }
   const auto least = std::ranges::lower_bound(values_, environment.Summary(kX).lower);
   const auto beyond = std::ranges::upper_bound(values_, environment.Summary(kX).upper);
   if (least >= beyond) return Empty(environment, kX);

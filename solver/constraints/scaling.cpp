@@ -1,5 +1,7 @@
 #include "solver/constraints/scaling.h"
 
+#include <optional>
+
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/values.h"
@@ -31,21 +33,25 @@ Hull Map(const Hull& hull, bool rising, Lower&& lower, Upper&& upper) {
           IsInfinite(to) ? Hull::kUnbounded : upper(to)};
 }
 
-// Argument `target`, of which nothing is known, takes the image of the values of `source`:
-// `map(value, add)` calls `add` with what corresponds to a value, if anything does.
+// Argument `target`, of which nothing is known, takes `map(value)` for each value of `source` that
+// has one. False when none has.
 template <class MapValue>
-KivOmbiFilterResult TakeImage(const KivOmbiObjectEnvironment& environment, unsigned target,
-                              unsigned source, MapValue&& map) {
-  auto& image = static_cast<KivOmbiInteger&>(environment.Scratch(*environment.Kind(target), 0));
-  image.SetNilValue();
-  ForEachValue(environment.Integer(source), environment.Summary(source), [&](std::int32_t value) {
-    map(value,
-        [&](std::int64_t mapped) { image.InsertExactValue(static_cast<std::int32_t>(mapped)); });
+bool TakeImage(const KivOmbiObjectEnvironment& environment, unsigned target, unsigned source,
+               MapValue&& map) {
+  return TakeValues(environment, target, [&](auto&& add) {
+    ForEachValue(environment.Integer(source), environment.Summary(source), [&](std::int32_t value) {
+      if (const auto image = map(value)) add(*image);
+    });
   });
-  // A kind that cannot hold the image says Any, and stays unknown.
-  const bool possible = environment.NarrowAny(
-      target, [&](KivOmbiAny& domain) { return domain.CalcEqualValue(image); });
-  return possible ? KivOmbiFilterResult{0} : kKivContradiction;
+}
+
+// Whether `value` is possible for a domain that is known; one that is open on a side may hold
+// whatever lies beyond the range of integers there.
+bool MayHold(const KivOmbiInteger& domain, const KivOmbiDomainSummary& summary,
+             std::int64_t value) {
+  if (value <= SubIntBase::kMin) return summary.lower == SubIntBase::kMin;
+  if (value >= SubIntBase::kMax) return summary.upper == SubIntBase::kMax;
+  return domain.MayBe(static_cast<std::int32_t>(value));
 }
 
 }  // namespace
@@ -76,35 +82,30 @@ std::int64_t Scaling::Filter(const KivOmbiObjectEnvironment& environment, std::i
   if (const auto result = NarrowToHull(environment, kX, quotients, x_unknown)) return result;
 
   // What bounds leave open, value by value.
+  if (z_unknown) return 0;
+  const auto product = [&](std::int32_t value) {
+    return std::optional(static_cast<std::int32_t>(times(value)));
+  };
+  const auto quotient = [&](std::int32_t value) {
+    return value % coefficient_ == 0
+               ? std::optional(static_cast<std::int32_t>(value / coefficient_))
+               : std::nullopt;
+  };
+  const auto has_product = [&](std::int32_t value) {
+    return MayHold(environment.Integer(kZ), environment.Summary(kZ), times(value));
+  };
+  const auto has_quotient = [&](std::int32_t value) {
+    const auto factor = quotient(value);
+    return factor && environment.Integer(kX).MayBe(*factor);
+  };
   if (IsListable(environment.Summary(kX))) {
-    if (environment.Summary(kZ).IsAny()) {
-      if (z_unknown) return 0;
-      if (const auto result = TakeImage(
-              environment, kZ, kX, [&](std::int32_t value, auto&& add) { add(times(value)); })) {
-        return result;
-      }
-    } else if (!FilterValues(environment, kX, [&](std::int32_t value) {
-                 const std::int64_t product = times(value);
-                 return SubIntBase::Clamp(product).IsFinite() &&
-                        environment.Integer(kZ).MayBe(static_cast<std::int32_t>(product));
-               })) {
-      return kKivContradiction;
-    }
+    if (environment.Summary(kZ).IsAny()) TakeImage(environment, kZ, kX, product);
+    if (!FilterValues(environment, kX, has_product)) return kKivContradiction;
   }
   if (IsListable(environment.Summary(kZ))) {
-    if (environment.Summary(kX).IsAny()) {
-      if (const auto result = TakeImage(environment, kX, kZ, [&](std::int32_t value, auto&& add) {
-            if (value % coefficient_ == 0) add(value / coefficient_);
-          })) {
-        return result;
-      }
-    } else if (!FilterValues(environment, kZ, [&](std::int32_t value) {
-                 return value % coefficient_ == 0 &&
-                        environment.Integer(kX).MayBe(
-                            static_cast<std::int32_t>(value / coefficient_));
-               })) {
-      return kKivContradiction;
-    }
+    const bool possible =
+        !environment.Summary(kX).IsAny() || TakeImage(environment, kX, kZ, quotient);
+    if (!possible || !FilterValues(environment, kZ, has_quotient)) return kKivContradiction;
   }
   return Settle(environment);
 }

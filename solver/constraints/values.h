@@ -3,14 +3,18 @@
 #include <cstdint>
 
 #include "framework/abstract_types/environment.h"
+#include "framework/intervals/sub_int_base.h"
 
 namespace kiv {
 
 // The most values that a constraint looks at one by one; beyond it, bounds have to do.
 inline constexpr std::uint32_t kMostListedValues = 4096;
 
+// An infinite bound is no value, so that a domain with one has no list of values.
 inline bool IsListable(const KivOmbiDomainSummary& summary) {
-  return summary.state == KivOmbiDomainSummary::kValues && summary.cardinality <= kMostListedValues;
+  return summary.state == KivOmbiDomainSummary::kValues &&
+         summary.cardinality <= kMostListedValues && summary.lower > SubIntBase::kMin &&
+         summary.upper < SubIntBase::kMax;
 }
 
 // Calls `use(value)` for the values of a listable domain in ascending order. `use` may remove the
@@ -37,6 +41,17 @@ bool FilterValues(const KivOmbiObjectEnvironment& environment, unsigned i, Keep&
     });
     return changed;
   });
+}
+
+// Argument i, of which nothing is known, takes the values that `collect(add)` hands to `add`. A
+// kind that cannot hold them leaves it unknown. False when there are none.
+template <class Collect>
+bool TakeValues(const KivOmbiObjectEnvironment& environment, unsigned i, Collect&& collect) {
+  auto& values = static_cast<KivOmbiInteger&>(environment.Scratch(*environment.Kind(i), 0));
+  values.SetNilValue();
+  collect([&](std::int32_t value) { values.InsertExactValue(value); });
+  return environment.NarrowAny(i,
+                               [&](KivOmbiAny& domain) { return domain.CalcEqualValue(values); });
 }
 
 }  // namespace kiv

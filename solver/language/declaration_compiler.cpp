@@ -107,13 +107,15 @@ void DeclarationCompiler::CompileDeclarator(const Declarator& declarator,
     count = static_cast<std::uint32_t>(*size);
   }
   const auto first = static_cast<KivOmbNetwork::VariableId>(model_.GetNetwork().CountVariables());
-  const bool is_new =
-      is_array ? Declare(name, Scope::Array{first, count}) : Declare(name, Scope::Scalar{first});
-  if (!is_new) return;
-  for (std::uint32_t i = 0; i < count; ++i) {
-    if (!AddVariable(kind, values, name.range, domain)) return;
+  bool complete = true;
+  for (std::uint32_t i = 0; i < count && complete; ++i) {
+    complete = AddVariable(kind, values, name.range, domain);
   }
-  model_.AddVariable({name.text, is_array, first, count});
+  // A name never stands for variables that there was no room for.
+  Scope::Meaning meaning = Scope::Broken{};
+  if (complete && is_array) meaning = Scope::Array{first, count};
+  if (complete && !is_array) meaning = Scope::Scalar{first};
+  if (Declare(name, meaning) && complete) model_.AddVariable({name.text, is_array, first, count});
 }
 
 bool DeclarationCompiler::AddVariable(const KivOmbiObjectDescriptor& kind, const Values& values,
@@ -180,7 +182,7 @@ std::optional<DeclarationCompiler::Values> DeclarationCompiler::CompileTruth(con
 std::optional<DeclaredDomain> DeclarationCompiler::CompileIntegers(const Domain& domain) {
   std::vector<std::int32_t> values;
   for (const Expression& element : domain.elements) {
-    if (const auto value = CompileInteger(element, "a value of a domain")) values.push_back(*value);
+    if (const auto value = CompileInteger(element)) values.push_back(*value);
   }
   if (values.size() != domain.elements.size()) return std::nullopt;
   const bool is_interval = domain.form == Domain::Form::kInterval;
@@ -192,9 +194,8 @@ std::optional<DeclaredDomain> DeclarationCompiler::CompileIntegers(const Domain&
                      : DeclaredDomain::FromValues(std::move(values));
 }
 
-std::optional<std::int32_t> DeclarationCompiler::CompileInteger(const Expression& expression,
-                                                                const char* what) {
-  const auto value = expressions_.CompileConstant(expression, what);
+std::optional<std::int32_t> DeclarationCompiler::CompileInteger(const Expression& expression) {
+  const auto value = expressions_.CompileConstant(expression, "a value of a domain");
   if (!value) return std::nullopt;
   if (!IsModelInteger(*value)) {
     diagnostics_.Add(expression.range,

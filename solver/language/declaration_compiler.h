@@ -42,7 +42,7 @@ class KIV_EXPORT DeclarationCompiler {
   std::optional<Values> CompileDomain(const Domain& domain, const KivOmbiObjectDescriptor& kind);
   std::optional<Values> CompileTruth(const Domain& domain);
   std::optional<DeclaredDomain> CompileIntegers(const Domain& domain);
-  std::optional<std::int32_t> CompileInteger(const Expression& expression, const char* what);
+  std::optional<std::int32_t> CompileInteger(const Expression& expression);
   // Reports a kind that cannot hold the domain, naming those that can.
   void ReportLost(const DeclaredDomain& domain, const KivOmbiObjectDescriptor& kind,
                   SourceRange range);

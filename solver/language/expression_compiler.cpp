@@ -258,6 +258,7 @@ std::optional<Operand> ExpressionCompiler::ApplyScaling(const Row& row, const Op
 const KivOmbiCompoundObjectDescriptor* ExpressionCompiler::FindRow(
     const Word& symbol, const std::vector<const Operand*>& operands) {
   std::vector<const KivOmbiObjectDescriptor*> kinds;
+  kinds.reserve(operands.size());
   for (const Operand* operand : operands) kinds.push_back(&GetKind(*operand));
   const KivOmbiOperatorTable& operators = vocabulary_.GetOperators();
   if (const Row* row = operators.Resolve(symbol.text, kinds)) return row;

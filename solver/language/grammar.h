@@ -50,7 +50,6 @@ struct punctuation : symbol<Character> {
 struct colon : punctuation<':'> {};
 struct comma : punctuation<','> {};
 struct equals_sign : punctuation<'='> {};
-struct opening_brace : punctuation<'{'> {};
 struct end_of_statement : symbol<';'> {
   static constexpr const char* kName = "an operator or ';'";
   static constexpr bool kClosesStatement = true;
@@ -118,9 +117,7 @@ struct binary_operator
              p::string<'<', '<'>, p::string<'>', '>'>, p::string<'<', '>'>, p::string<'<', '='>,
              p::string<'>', '='>, p::string<'/', '\\'>, p::string<'\\', '/'>,
              p::one<'=', '<', '>', '+', '-', '*', '/'>, mod_word> {};
-struct expression : p::seq<operand, p::star<blanks, binary_operator, expect<operand>>> {
-  static constexpr const char* kName = "an expression";
-};
+struct expression : p::seq<operand, p::star<blanks, binary_operator, expect<operand>>> {};
 
 // Declarations.
 struct kind : p::plus<p::seq<blanks, kind_word>> {
@@ -139,9 +136,9 @@ struct domain : p::sor<any_domain, set_domain, interval_domain, value_domain> {
   static constexpr const char* kName = "a domain: a value, { ... }, [ ... ] or Any";
 };
 
-// What stands before the colon is read as expressions, so that a declaration and a constraint need
-// no look ahead; what does not name a variable is refused afterwards.
-struct declarator : p::seq<expression> {
+// What stands before the colon or the first comma is read as an expression, so that a declaration
+// and a constraint need no look ahead; what does not name a variable is refused afterwards.
+struct declarator : p::seq<blanks, reference> {
   static constexpr const char* kName = "a name";
 };
 struct end_of_declaration : punctuation<';'> {
@@ -167,7 +164,7 @@ struct loop_range
     : p::seq<name, expect<in_sign>, expect<argument>, expect<dots>, expect<argument>> {
   static constexpr const char* kName = "a name";
 };
-struct loop_brace : opening_brace {
+struct loop_brace : symbol<'{'> {
   static constexpr const char* kName = "an operator, ',' or '{'";
 };
 struct end_of_loop : symbol<'}'> {

@@ -91,6 +91,7 @@ class ModelCompiler {
   }
 
   void CompileAllDifferent(const Call& call, SourceRange range) {
+    if (!budget_.Spend(call.arguments.size() + 1, range, diagnostics_)) return;
     std::vector<KivOmbNetwork::VariableId> variables;
     bool complete = true;
     for (const Expression& argument : call.arguments) {
@@ -110,7 +111,7 @@ class ModelCompiler {
         complete = false;
       }
     }
-    if (!complete || !budget_.Spend(1, range, diagnostics_)) return;
+    if (!complete) return;
     model_->AddOrigin(model_->GetNetwork().Emplace<AllDifferent>(variables), range);
   }
 
@@ -130,13 +131,25 @@ class ModelCompiler {
     return entry != nullptr ? std::get_if<Scope::Array>(&entry->meaning) : nullptr;
   }
 
-  // Runs through the ranges of a loop from number `range` on. A run with an error is the last: the
-  // others would repeat it.
+  // Runs through the ranges of a loop from number `range` on, each within those before it.
   void CompileLoop(const Loop& loop, std::size_t range) {
     if (range == loop.ranges.size()) {
       for (const Statement& statement : loop.body) CompileStatement(statement);
       return;
     }
+    if (open_ranges_ == kDeepestNesting) {
+      diagnostics_.Add(
+          loop.ranges[range].name.range,
+          "loops run within each other more than " + std::to_string(kDeepestNesting) + " deep");
+      return;
+    }
+    ++open_ranges_;
+    CompileRange(loop, range);
+    --open_ranges_;
+  }
+
+  // A run with an error is the last: the others would repeat it.
+  void CompileRange(const Loop& loop, std::size_t range) {
     const Loop::Range& header = loop.ranges[range];
     const auto first = expressions_.CompileConstant(header.first, "the first value of a loop");
     const auto last = expressions_.CompileConstant(header.last, "the last value of a loop");
@@ -156,6 +169,7 @@ class ModelCompiler {
   Diagnostics& diagnostics_;
   std::unique_ptr<CompiledModel> model_;
   Scope scope_;
+  std::size_t open_ranges_ = 0;
   ExpansionBudget budget_;
   ExpressionCompiler expressions_;
   DeclarationCompiler declarations_;

@@ -1,6 +1,8 @@
 #include "solver/language/parser.h"
 
 #include <charconv>
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <tao/pegtl/contrib/limit_depth.hpp>
@@ -133,6 +135,8 @@ class TreeBuilder {
     for (const auto& child : node.children) {
       if (child->is_type<g::expression>()) {
         AddDeclarator(BuildExpression(*child), declaration);
+      } else if (child->is_type<g::reference>()) {
+        AddDeclarator(BuildPrimary(*child), declaration);
       } else if (child->is_type<g::kind>()) {
         declaration.kind = BuildKind(*child);
       } else {

@@ -1,6 +1,7 @@
 #include "solver/search/bisection_search.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "framework/intervals/sub_int_base.h"
@@ -32,7 +33,8 @@ BisectionSearch::BisectionSearch(KivOmbNetwork& network,
 SearchResult BisectionSearch::Run(const std::function<bool(const SearchLeaf&)>& on_leaf) {
   struct Branching {
     KivOmbNetwork::VariableId variable;
-    bool upper_half;  // whether the second branch is the one under way
+    bool upper_half;         // whether the second branch is the one under way
+    std::size_t first_open;  // as Choose left it: below, the variables before it stay fixed
   };
   std::vector<Branching> path;
   SearchResult result;
@@ -51,13 +53,13 @@ SearchResult BisectionSearch::Run(const std::function<bool(const SearchLeaf&)>& 
   while (true) {
     switch (network_.Propagate()) {
       case Outcome::kFixpoint: {
-        if (const auto variable = Choose()) {
-          path.push_back({*variable, false});
+        std::size_t first_open = path.empty() ? 0 : path.back().first_open;
+        if (const auto variable = Choose(first_open)) {
+          path.push_back({*variable, false, first_open});
           branch(path.back());
           continue;
         }
-        const SearchLeaf leaf{std::ranges::all_of(
-            order_, [&](auto variable) { return network_.GetSummary(variable).IsFixed(); })};
+        const SearchLeaf leaf{first_open == order_.size()};
         result.culprit = network_.FindViolated();
         if (result.culprit) return end(SearchEnd::kViolated);
         ++(leaf.complete ? result.solutions : result.unknowns);
@@ -82,21 +84,24 @@ SearchResult BisectionSearch::Run(const std::function<bool(const SearchLeaf&)>& 
   }
 }
 
-std::optional<KivOmbNetwork::VariableId> BisectionSearch::Choose() const {
-  const auto smallest_of = [&](auto first, auto last) {
+std::optional<KivOmbNetwork::VariableId> BisectionSearch::Choose(std::size_t& first_open) const {
+  while (first_open < order_.size() && network_.GetSummary(order_[first_open]).IsFixed()) {
+    ++first_open;
+  }
+  const auto smallest_of = [&](std::size_t begin, std::size_t end) {
     std::optional<KivOmbNetwork::VariableId> smallest;
-    for (auto i = first; i != last; ++i) {
-      const KivOmbiDomainSummary& summary = network_.GetSummary(*i);
-      if (!IsSplittable(summary)) continue;
-      if (!smallest || summary.cardinality < network_.GetSummary(*smallest).cardinality) {
-        smallest = *i;
-      }
+    std::uint32_t fewest = std::numeric_limits<std::uint32_t>::max();
+    // Nothing that is open has fewer than two values.
+    for (std::size_t i = begin; i < end && fewest > 2; ++i) {
+      const KivOmbiDomainSummary& summary = network_.GetSummary(order_[i]);
+      if (!IsSplittable(summary) || (smallest && summary.cardinality >= fewest)) continue;
+      smallest = order_[i];
+      fewest = summary.cardinality;
     }
     return smallest;
   };
-  const auto others = order_.begin() + static_cast<std::ptrdiff_t>(decisions_);
-  const auto decision = smallest_of(order_.begin(), others);
-  return decision ? decision : smallest_of(others, order_.end());
+  const auto decision = smallest_of(first_open, decisions_);
+  return decision ? decision : smallest_of(std::max(first_open, decisions_), order_.size());
 }
 
 void BisectionSearch::Split(KivOmbNetwork::VariableId variable,

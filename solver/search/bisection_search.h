@@ -20,8 +20,8 @@ enum class SearchEnd {
 struct SearchResult {
   SearchEnd end = SearchEnd::kExhausted;
   std::uint64_t solutions = 0;
-  // Ends of the tree where a variable stayed Any, which no search can split: what they hold is
-  // unknown, so without a solution the model is not known to have none.
+  // Ends of the tree where a variable stayed Any or without a bound, which no search can split:
+  // what they hold is unknown, so without a solution the model is not known to have none.
   std::uint64_t unknowns = 0;
   std::uint64_t nodes = 0;
   std::uint64_t failures = 0;
@@ -29,7 +29,7 @@ struct SearchResult {
 };
 
 // What was found at the end of a branch: every variable has one value, or, when `complete` is
-// false, some is still Any.
+// false, some is still Any or without a bound.
 struct SearchLeaf {
   bool complete;
 };
@@ -46,7 +46,9 @@ class KIV_EXPORT BisectionSearch {
   SearchResult Run(const std::function<bool(const SearchLeaf&)>& on_leaf);
 
  private:
-  std::optional<KivOmbNetwork::VariableId> Choose() const;
+  // The variable to split next; none at a leaf. The variables before `first_open` in the order are
+  // known to be fixed; it is moved up to the first that is not.
+  std::optional<KivOmbNetwork::VariableId> Choose(std::size_t& first_open) const;
   void Split(KivOmbNetwork::VariableId variable, KivOmbiAny::ValueSelection give_away);
 
   KivOmbNetwork& network_;

@@ -8,7 +8,7 @@
 
 namespace kiv::test {
 
-// The modules of the build tree, opened through a manager.
+// Modules opened through a manager.
 struct Modules {
   KivOmbiModuleManager manager;
   KivOmbiOperatorTable operators;
@@ -18,7 +18,11 @@ struct Modules {
   const KivOmbiObjectDescriptor* FindKind(std::string_view name) const;
 };
 
-// All modules, opened at the first call. Throws std::runtime_error when one cannot be opened.
+// The modules of the build tree, opened at the first call. Throws std::runtime_error when one
+// cannot be opened.
 const Modules& OpenModules();
+
+// Those, and one with a kind that none of them knows.
+const Modules& OpenModulesAndForeign();
 
 }  // namespace kiv::test

@@ -6,7 +6,7 @@
 
 namespace kiv::test {
 
-// The seed of a random test: the environment variable KIV_SEED, or `otherwise`.
+// What a random test starts from: the environment variable KIV_SEED, or `otherwise`.
 inline std::uint64_t Seed(std::uint64_t otherwise) {
   const char* text = std::getenv("KIV_SEED");
   return text != nullptr ? std::strtoull(text, nullptr, 10) : otherwise;

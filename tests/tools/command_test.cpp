@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -45,6 +46,25 @@ TEST(SolveCommand, PrintsNamesInOrderOfDeclarationAndArraysInOneLine) {
       "solve;",
       {"solve"});
   EXPECT_EQ(result.output, "b = [7, 7]\na = true\ne = []\nc = [-3]\n----------\n");
+}
+
+// A newly loaded kind is usable in models by its name, beside the kinds that do not know it.
+TEST(SolveCommand, UsesTheKindsOfAModuleThatIsLoaded) {
+  setenv("KIV_MODULE_PATH", FOREIGN_MODULES, 1);
+  const std::string model =
+      "x : range int = [1, 9]; y : enum int = { 2, 4, 9 }; x < y; x + y = 13; solve;";
+  const CommandResult loaded = OnModel(model, {"--load", "KivForeign", "solve", "-a"});
+  EXPECT_EQ(loaded.output, "x = 4\ny = 9\n----------\n");
+  EXPECT_EQ(loaded.errors, "1 solution\n");
+
+  const CommandResult without = OnModel(model, {"solve", "-a"});
+  EXPECT_EQ(without.exit_code, 2);
+  EXPECT_NE(without.errors.find("unknown kind 'range int'"), std::string::npos) << without.errors;
+
+  const CommandResult missing = RunKiv({"--load", "NobodyWroteThis", "kinds"});
+  EXPECT_EQ(missing.exit_code, 2);
+  EXPECT_NE(missing.errors.find("module NobodyWroteThis"), std::string::npos) << missing.errors;
+  unsetenv("KIV_MODULE_PATH");
 }
 
 TEST(SolveCommand, WritesNothingWithoutASolution) {

@@ -62,7 +62,9 @@ void OpenModules(const ModuleOptions& options, KivOmbiModuleManager& manager) {
 }
 
 void ModelOptions::AddTo(CLI::App& command) {
-  command.add_option("MODEL", file, "The file of the model, or - for standard input")->required();
+  command.add_option("MODEL", file, "The file of the model, or - for standard input")
+      ->required()
+      ->type_name("FILE");
   command
       .add_option("-D,--define", definitions, "Gives the parameter NAME of the model another value")
       ->type_name("NAME=VALUE")

@@ -38,8 +38,7 @@ class SolutionPrinter {
       ++possibilities_;
       NoteUnknowns();
     }
-    // The network looks at the flag only while it propagates, which a model may not need.
-    return !IsComplete() && !stop_;
+    return !IsComplete();
   }
 
   // Whether as much was printed as was asked for.
@@ -96,7 +95,6 @@ class SolutionPrinter {
 
   const CompiledModel& model_;
   std::uint64_t limit_;
-  const std::atomic<bool>& stop_;
   std::uint64_t solutions_ = 0;
   std::uint64_t possibilities_ = 0;
   std::set<KivOmbNetwork::VariableId> unknowns_;  // declared variables that stayed Any
@@ -107,14 +105,14 @@ ExitCode Solve(const SolveOptions& options, const ModuleOptions& modules) {
   if (loaded.model == nullptr) return kBadInput;
   CompiledModel& model = *loaded.model;
 
-  const std::atomic<bool>& stop = CatchStopSignals();
-  model.GetNetwork().SetStopFlag(&stop);
-  SolutionPrinter printer(model, options.all ? kNoLimit : options.limit, stop);
+  model.GetNetwork().SetStopFlag(&CatchStopSignals());
+  SolutionPrinter printer(model, options.all ? kNoLimit : options.limit);
   BisectionSearch search(model.GetNetwork(), model.GetDeclared());
   const SearchResult result =
       search.Run([&printer](const SearchLeaf& leaf) { return printer.Print(leaf); });
-  if (result.end == SearchEnd::kStopped && !printer.IsComplete())
+  if (result.end == SearchEnd::kStopped && !printer.IsComplete()) {
     return printer.SummarizeInterruption();
+  }
   return printer.Summarize(result);
 }
 

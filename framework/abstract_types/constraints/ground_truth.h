@@ -4,8 +4,8 @@
 
 #include "framework/base/export.h"
 
-// What the constraints mean, in plain 64-bit arithmetic on 32-bit values. Nothing here is shared with
-// the propagation that it judges.
+// What the constraints mean, in plain 64-bit arithmetic on 32-bit values. Nothing here is shared
+// with the propagation that it judges.
 namespace kiv::ground_truth {
 
 // z = x + y

@@ -26,6 +26,22 @@ const KivOmbiInteger& Edge(const KivOmbiObjectEnvironment& environment, unsigned
   return edge;
 }
 
+// Builds `carried` from the values of argument i one by one. False when they are too many to look
+// at, or for the kind of `carried` to hold.
+bool CarryByValues(const KivOmbiObjectEnvironment& environment, unsigned i,
+                   KivOmbiInteger& carried) {
+  constexpr std::int64_t kMostValues = 1024;
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  if (std::int64_t{summary.upper} - summary.lower >= kMostValues) return false;
+  carried.SetNilValue();
+  for (std::int64_t value = summary.lower; value <= summary.upper; ++value) {
+    if (!environment.Integer(i).MayBe(static_cast<std::int32_t>(value))) continue;
+    carried.InsertExactValue(static_cast<std::int32_t>(value));
+    if (carried.IsUndefined() != 0) return false;
+  }
+  return carried.IsNil() == 0;
+}
+
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, unsigned target,
                                   unsigned known) {
   if (environment.Summary(known).IsAny()) return 0;
@@ -119,11 +135,11 @@ const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environment, unsigne
                             const KivOmbiObjectDescriptor& kind, unsigned scratch) {
   if (environment.Kind(i) == &kind) return &environment.Integer(i);
   auto& carried = static_cast<KivOmbiInteger&>(environment.Scratch(kind, scratch));
+  if (environment.Summary(i).IsAny()) return &carried;
   carried.CalcEqualValue(environment.Domain(i));
-  // A kind that does not know the operand's answers Nil, one that cannot hold its values stays Any.
-  const bool lost =
-      carried.IsNil() != 0 || (carried.IsUndefined() != 0 && !environment.Summary(i).IsAny());
-  return lost ? nullptr : &carried;
+  // A kind that does not know the operand's answers Nil, one that cannot convert it stays Any.
+  if (carried.IsNil() == 0 && carried.IsUndefined() == 0) return &carried;
+  return CarryByValues(environment, i, carried) ? &carried : nullptr;
 }
 
 KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment, unsigned target,

@@ -24,9 +24,9 @@
 namespace {
 
 // Opens empty modules, except the one it refuses.
-class StubManager : public KivOmbiModuleManager {
+class RefusingManager : public KivOmbiModuleManager {
  public:
-  explicit StubManager(std::string refused = {}) : refused_(std::move(refused)) {}
+  explicit RefusingManager(std::string refused = {}) : refused_(std::move(refused)) {}
 
   KivOmbiModule* OpenModule(const KivString& name) override {
     asked.push_back(name);
@@ -77,7 +77,7 @@ class InitModuleTest : public testing::Test {
 };
 
 TEST_F(InitModuleTest, RefusesANullModuleOrManager) {
-  StubManager manager;
+  RefusingManager manager;
   EXPECT_EQ(init_(nullptr, &manager), 0);
   EXPECT_EQ(init_(&module_, nullptr), 0);
   EXPECT_TRUE(manager.asked.empty());
@@ -87,7 +87,7 @@ TEST_F(InitModuleTest, RefusesANullModuleOrManager) {
 }
 
 TEST_F(InitModuleTest, StopsAtAbstractTypesThatCannotBeOpened) {
-  StubManager manager("KivOmbAbstractTypes");
+  RefusingManager manager("KivOmbAbstractTypes");
   EXPECT_EQ(init_(&module_, &manager), 0);
   EXPECT_EQ(manager.asked, Names{"KivOmbAbstractTypes"});
   EXPECT_TRUE(module_.GetLoadedModules().empty());
@@ -95,7 +95,7 @@ TEST_F(InitModuleTest, StopsAtAbstractTypesThatCannotBeOpened) {
 }
 
 TEST_F(InitModuleTest, StopsAtNumbersThatCannotBeOpenedAndUndoesNothing) {
-  StubManager manager("KivOmbNumbers");
+  RefusingManager manager("KivOmbNumbers");
   EXPECT_EQ(init_(&module_, &manager), 0);
   EXPECT_EQ(NamesOf(module_.GetLoadedModules()), Names{"KivOmbAbstractTypes"});
   EXPECT_TRUE(module_.GetObjectDescriptors().empty());
@@ -187,7 +187,7 @@ class ExpectedTable {
 };
 
 TEST_F(InitModuleTest, RegistersTheKindAndItsOperatorsInOrder) {
-  StubManager manager;
+  RefusingManager manager;
   ASSERT_EQ(init_(&module_, &manager), 1);
   EXPECT_EQ(NamesOf(module_.GetLoadedModules()), (Names{"KivOmbAbstractTypes", "KivOmbNumbers"}));
   EXPECT_EQ(KivOmbEnumInteger::sMAX_CARD, 1024u);
@@ -208,7 +208,7 @@ TEST_F(InitModuleTest, RegistersTheKindAndItsOperatorsInOrder) {
 }
 
 TEST_F(InitModuleTest, MakesANewDescriptorWhenItRunsAgain) {
-  StubManager manager;
+  RefusingManager manager;
   KivOmbiModule first("KivOmbEnumIntegers");
   ASSERT_EQ(init_(&first, &manager), 1);
   ASSERT_EQ(init_(&module_, &manager), 1);

@@ -51,6 +51,20 @@ TEST(OperatorTable, UnaryAndBinaryRowsOfASymbolAreApart) {
   EXPECT_TRUE(OpenModules().operators.FindRows("prev", 2).empty());
 }
 
+TEST(OperatorTable, AnExactKindCountsMoreThanSpecificKinds) {
+  const auto* kind = OpenModules().FindKind("int");
+  const auto* any = KivOmbiAny::sDescriptor;
+  const auto* integer = KivOmbiInteger::sDescriptor;
+  const auto* sum = KivOmbiAdditionConstraint::sDescriptor;
+  KivOmbiModule module("Test");
+  module.AddObjectDescriptor(KivOmbiCreateBinaryOperator("o", integer, integer, integer, sum));
+  module.AddObjectDescriptor(KivOmbiCreateBinaryOperator("o", any, kind, integer, sum));
+  KivOmbiOperatorTable table;
+  table.Add(module);
+  EXPECT_EQ(table.Resolve("o", {kind, kind}), table.GetRows()[1]);
+  for (const auto* row : table.GetRows()) delete row;
+}
+
 TEST(OperatorTable, AmongEqualsTheMoreSpecificKindsWinThenTheEarlierRow) {
   const auto* any = KivOmbiAny::sDescriptor;
   const auto* number = KivOmbiNumber::sDescriptor;

@@ -5,12 +5,12 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "framework/intervals/sub_int_base.h"
+#include "tests/support/seed.h"
 
 namespace {
 
@@ -71,11 +71,6 @@ void ExpectExact(std::int32_t a, std::int32_t b) {
   SDClearError();
 }
 
-std::uint64_t Seed() {
-  const char* const given = std::getenv("KIV_SEED");
-  return given != nullptr ? std::strtoull(given, nullptr, 0) : std::random_device()();
-}
-
 // An operand of any size, so that exact and clamped results of every operation are common.
 std::int32_t RandomOperand(std::mt19937_64& random) {
   const int bits = static_cast<int>(random() % 32);
@@ -101,8 +96,8 @@ TEST(ArithmeticProperty, AgreesWithWideArithmeticOnExtremeOperands) {
 }
 
 TEST(ArithmeticProperty, AgreesWithWideArithmeticOnRandomOperands) {
-  const std::uint64_t seed = Seed();
-  SCOPED_TRACE("repeat with KIV_SEED=" + std::to_string(seed));
+  const std::uint64_t seed = kiv::test::Seed(std::random_device()());
+  SCOPED_TRACE(kiv::test::Replay(seed));
   std::mt19937_64 random(seed);
   for (int i = 0; i < 200000; ++i) {
     const std::int32_t a = RandomOperand(random);

@@ -188,6 +188,15 @@ TEST_F(Network, AWideIntervalNarrowsAnEnumeratedOperandByItsHull) {
   EXPECT_EQ(Text(wide), "[1991, 1000000]");
 }
 
+TEST_F(Network, AWideIntervalEquatesByItsHull) {
+  const auto set = Enum({1, 5, 5000, 2000000});
+  const auto wide = Declare(network_, {Kind("interval int"), {2, 1000000}});
+  network_.Post(Row("=", "enum int", "interval int"), set, wide, KivOmbNetwork::kNone);
+  ASSERT_EQ(network_.Propagate(), Outcome::kFixpoint);
+  EXPECT_EQ(Text(set), "{ 5, 5000 }");
+  EXPECT_EQ(Text(wide), "[5, 5000]");
+}
+
 TEST_F(Network, AnUnknownSumIsRecomputedWhenItsOperandsShrink) {
   const auto x = Enum(Range(0, 999));
   Values tens;
@@ -239,6 +248,14 @@ TEST_F(Network, TheStopFlagEndsPropagationAndItGoesOnAfterwards) {
   EXPECT_EQ(network_.GetSummary(x).upper, 2);
 }
 
+TEST_F(Network, TheStopFlagIsSeenWithNothingToRun) {
+  std::atomic<bool> stop = true;
+  network_.SetStopFlag(&stop);
+  EXPECT_EQ(network_.Propagate(), Outcome::kStopped);
+  stop = false;
+  EXPECT_EQ(network_.Propagate(), Outcome::kFixpoint);
+}
+
 TEST_F(Network, RefusesWhatIsNoDomainAndOperandsThatAreNotThere) {
   EXPECT_THROW(network_.AddVariable(*KivOmbiInteger::sDescriptor), std::invalid_argument);
   const auto x = Enum({1});
@@ -253,6 +270,15 @@ TEST_F(Network, FindsAConstraintThatItsFixedArgumentsViolate) {
   PostEnum("=", x, y);
   // Not propagated: the ground truth alone sees it.
   EXPECT_EQ(network_.FindViolated(), 0u);
+}
+
+TEST_F(Network, TheValueOfARelationBelongsToItsGroundTruth) {
+  const auto x = Enum({1});
+  const auto y = Enum({2});
+  PostEnum("<", x, y, y);
+  EXPECT_FALSE(network_.FindViolated());
+  PostEnum("<", x, y, x);
+  EXPECT_EQ(network_.FindViolated(), 1u);
 }
 
 TEST_F(Network, TwoThreadsMayEachRunTheirOwn) {

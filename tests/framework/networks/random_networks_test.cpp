@@ -20,7 +20,7 @@ int Pick(Random& random, int lower, int upper) {
 }
 
 Declared RandomVariable(Random& random) {
-  const auto& kinds = OpenModules().kinds;
+  const auto& kinds = OpenModulesAndForeign().kinds;
   const auto* kind =
       kinds[static_cast<std::size_t>(Pick(random, 0, static_cast<int>(kinds.size()) - 1))];
   if (kind->GetName() == "bool") return {kind, {0, 1}};
@@ -28,7 +28,7 @@ Declared RandomVariable(Random& random) {
   Values values;
   const int count = Pick(random, 1, 5);
   for (int value = Pick(random, -4, 3); static_cast<int>(values.size()) < count; ++value) {
-    if (kind->GetName() == "interval int" || Pick(random, 0, 2) != 0) values.push_back(value);
+    if (kind->GetName() != "enum int" || Pick(random, 0, 2) != 0) values.push_back(value);
   }
   return {kind, values};
 }
@@ -43,14 +43,14 @@ bool RandomConstraint(Random& random, const std::vector<Declared>& variables, Po
   const auto pick = [&] {
     return static_cast<std::size_t>(Pick(random, 0, static_cast<int>(variables.size()) - 1));
   };
-  const auto& rows = OpenModules().operators.GetRows();
+  const auto& rows = OpenModulesAndForeign().operators.GetRows();
   for (int attempt = 0; attempt < 200; ++attempt) {
     const auto* any_row =
         rows[static_cast<std::size_t>(Pick(random, 0, static_cast<int>(rows.size()) - 1))];
     posted = {nullptr, pick(), pick(), pick()};
     std::vector<const KivOmbiObjectDescriptor*> operands{variables[posted.left].kind};
     if (any_row->GetOperandCount() == 2) operands.push_back(variables[posted.right].kind);
-    posted.row = OpenModules().operators.Resolve(any_row->GetSymbol(), operands);
+    posted.row = OpenModulesAndForeign().operators.Resolve(any_row->GetSymbol(), operands);
     if (posted.row != nullptr && posted.row->GetResult() == variables[posted.result].kind) {
       return true;
     }

@@ -113,7 +113,7 @@ TEST(IntervalInteger, BoundsCanBeRemovedAtTheEndsOfTheIntegers) {
   EXPECT_EQ(domain.RemoveExactValue(kMax), 1);
   EXPECT_EQ(domain.GetUpperBound(), kMax - 1);
   KivOmbIntervalInteger any;
-  EXPECT_EQ(any.RemoveExactValue(5), 0);
+  for (const std::int32_t value : {5, kMin, kMax}) EXPECT_EQ(any.RemoveExactValue(value), 0);
   EXPECT_EQ(Text(any), "Any");
 }
 
@@ -328,6 +328,21 @@ TEST(IntervalInteger, NothingIsBeyondAnExactInfinity) {
   below = Interval(kMin, 5);
   EXPECT_EQ(Interval(kMin, kMin).CalcInverseNotLessAndUnequalValue(below), 1);
   EXPECT_EQ(Text(below), "Nil");
+}
+
+TEST(IntervalInteger, AnExactInfinityItselfIsExcludedByStrictOrder) {
+  KivOmbIntervalInteger domain = Interval(5, kMax);
+  EXPECT_EQ(domain.CalcLessValue(Single(kMax)), 1);
+  EXPECT_EQ(Text(domain), "[5, 2147483646]");
+  domain = Interval(5, kMax);
+  EXPECT_EQ(Interval(kMax, kMax).CalcInverseNotLessAndUnequalValue(domain), 1);
+  EXPECT_EQ(Text(domain), "[5, 2147483646]");
+  domain = Interval(kMin, 5);
+  EXPECT_EQ(domain.CalcNotLessAndUnequalValue(Single(kMin)), 1);
+  EXPECT_EQ(Text(domain), "[-2147483646, 5]");
+  domain = Interval(kMin, 5);
+  EXPECT_EQ(Interval(kMin, kMin).CalcInverseLessValue(domain), 1);
+  EXPECT_EQ(Text(domain), "[-2147483646, 5]");
 }
 
 TEST(IntervalInteger, SumsKeepInfiniteBoundsAndSaturate) {

@@ -140,9 +140,9 @@ TEST(SingleInteger, FindsTheNextAndThePreviousValue) {
   EXPECT_NE(domain.GetPrevExactValue(4), 4);
   EXPECT_NE(domain.GetPrevExactValue(INT32_MIN), 4);
   const Single any;
-  EXPECT_EQ(any.GetNextExactValue(-1), 0);
+  EXPECT_EQ(any.GetNextExactValue(-5), -4);
   EXPECT_EQ(any.GetNextExactValue(kMax), kMax);
-  EXPECT_EQ(any.GetPrevExactValue(1), 0);
+  EXPECT_EQ(any.GetPrevExactValue(5), 4);
   EXPECT_EQ(any.GetPrevExactValue(INT32_MIN), kMin);
   EXPECT_EQ(NilSingle().GetNextExactValue(3), 3);
   EXPECT_EQ(NilSingle().GetPrevExactValue(3), 3);
@@ -190,6 +190,8 @@ TEST(SingleInteger, UnitesToAnyUnlessTheValuesAreOne) {
   Single domain(5);
   domain.Unite(KivOmbSingleBoolean(true));
   EXPECT_EQ(Text(domain), "5");
+  domain.Unite(Interval(5, 8));
+  EXPECT_EQ(Text(domain), "Any");
 }
 
 // Known only by its virtual operations: the enumerated kind belongs to another library.

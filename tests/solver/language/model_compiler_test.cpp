@@ -1,0 +1,172 @@
+#include "solver/language/model_compiler.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "framework/abstract_types/constraint.h"
+#include "tests/solver/language/read_model.h"
+
+namespace kiv::test {
+namespace {
+
+using Solutions = std::vector<std::string>;
+
+TEST(Models, RelationsChainAsInMathematics) {
+  EXPECT_EQ(SolutionsOf("x, y : enum int = [0, 9]; 7 <= x < y <= 9; solve;"),
+            (Solutions{"x = 7\ny = 8\n", "x = 7\ny = 9\n", "x = 8\ny = 9\n"}));
+  EXPECT_EQ(SolutionsOf("x, y : enum int = [0, 2]; 2 >= x > y <> 0; solve;"),
+            (Solutions{"x = 2\ny = 1\n"}));
+}
+
+TEST(Models, TheValueOfARelationIsItsRightOperand) {
+  EXPECT_EQ(SolutionsOf("x, y, z : enum int = [1, 3]; z = (x < y) + 1; solve;"),
+            (Solutions{"x = 1\ny = 2\nz = 3\n"}));
+}
+
+TEST(Models, TruthValuesAreEquivalences) {
+  EXPECT_EQ(SolutionsOf("x : enum int = [1, 3]; t : bool; t = (x >== 2); solve;"),
+            (Solutions{"x = 1\nt = false\n", "x = 2\nt = true\n", "x = 3\nt = true\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = [1, 3]; (x == 2) = false; solve;"),
+            (Solutions{"x = 1\n", "x = 3\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = [1, 3]; true = (x << 2); solve;"), (Solutions{"x = 1\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = [1, 3]; t : bool = true; t = (x <== 1); solve;"),
+            (Solutions{"x = 1\nt = true\n"}));
+}
+
+TEST(Models, KindsMix) {
+  EXPECT_EQ(SolutionsOf("x : enum int = { 1, 4 }; y : interval int = [0, 10]; z : int;"
+                        "x + y = 5; z = y - x; solve;"),
+            (Solutions{"x = 1\ny = 4\nz = 3\n", "x = 4\ny = 1\nz = -3\n"}));
+  EXPECT_EQ(SolutionsOf("x : interval int = [0, 3]; y : enum int = { 2, 9 };"
+                        "(interval int) x = y; solve;"),
+            (Solutions{"x = 2\ny = 2\n"}));
+}
+
+TEST(Models, ProductsWithAConstantScale) {
+  EXPECT_EQ(SolutionsOf("x : enum int = [0, 9]; y : interval int = [0, 99]; 3*x = y*2; 7 < y;"
+                        "x*0 = 0; solve;"),
+            (Solutions{"x = 6\ny = 9\n", "x = 8\ny = 12\n"}));
+  EXPECT_EQ(SolutionsOf("param n : int = 2; x : enum int = [-3, 3]; (n - 4)*x = 2^n; solve;"),
+            (Solutions{"x = -2\n"}));
+}
+
+TEST(Models, ConstantsAreComputedAtOnce) {
+  EXPECT_EQ(SolutionsOf("param n : int = 3; param m : int = n^2 - 1;"
+                        "x : int = -7 mod 3 + m / 2 + abs(-2) + sign -5 + (4 /\\ 3 \\/ 1); solve;"),
+            (Solutions{"x = 7\n"}));
+  EXPECT_EQ(SolutionsOf("x : int = -2^2; y : int = 2^3^2; z : int = 7 - 2 - 1; solve;"),
+            (Solutions{"x = -4\ny = 512\nz = 4\n"}));
+  EXPECT_EQ(SolutionsOf("x : int; x = 1 + 2 + 3; solve;"), (Solutions{"x = 6\n"}));
+  EXPECT_EQ(SolutionsOf("1 + 1 = 2; 1 < 2 <= 2; solve;"), (Solutions{""}));
+  EXPECT_EQ(SolutionsOf("1 + 1 = 3; solve;"), Solutions{});
+}
+
+TEST(Models, LoopsPostForEachCombination) {
+  EXPECT_EQ(SolutionsOf("param n : int = 3; q[n] : enum int = [1, n];"
+                        "for i in 1..n, j in i+1..n { q[i] < q[j]; } solve;"),
+            (Solutions{"q = [1, 2, 3]\n"}));
+  EXPECT_EQ(SolutionsOf("q[4] : enum int = [0, 1];"
+                        "for i in 1..2 { for j in 1..2 { q[2*(i - 1) + j] = (i + j) mod 2; } }"
+                        "for i in 3..2 { q[100] = 1; } solve;"),
+            (Solutions{"q = [0, 1, 1, 0]\n"}));
+}
+
+TEST(Models, LoopsEndAtTheGreatestInteger) {
+  EXPECT_EQ(SolutionsOf("x : int = 1;"
+                        "for i in 9223372036854775806..9223372036854775807 { x < 2; } solve;"),
+            (Solutions{"x = 1\n"}));
+}
+
+TEST(Models, AllDifferentSpreadsArrays) {
+  EXPECT_EQ(SolutionsOf("x : enum int = [1, 3]; c[2] : enum int = [1, 2];"
+                        "all_different(x, c, 4, c[1] + 4); c[1] < c[2]; solve;"),
+            (Solutions{"x = 3\nc = [1, 2]\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = [1, 2]; all_different(x, x); solve;"), Solutions{});
+  EXPECT_EQ(SolutionsOf("x : int = 1; e[0] : int; all_different(); all_different(e); "
+                        "all_different(x); solve;"),
+            (Solutions{"x = 1\ne = []\n"}));
+}
+
+TEST(Models, DomainsAreWhatIsDeclared) {
+  EXPECT_EQ(SolutionsOf("x : interval int = { 5, -1, 5, 3 }; solve;"),
+            (Solutions{"x = -1\n", "x = 3\n", "x = 5\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = { -2147483646, 2147483646 }; solve;"),
+            (Solutions{"x = -2147483646\n", "x = 2147483646\n"}));
+  EXPECT_EQ(PropagationOf("x : interval int = [-2147483646, 2147483646]; y : enum int = Any;"
+                          "z : int; t : bool; u : bool = false; solve;"),
+            "x = [-2147483646, 2147483646]\ny = Any\nz = Any\nt = Any\nu = false\n");
+}
+
+TEST(Models, ParametersCanBeGiven) {
+  CompileOptions options;
+  options.parameters = {{"n", 5}};
+  EXPECT_EQ(SolutionsOf("param n : int = 3; param m : int = 2*n; x : int = m; solve;", options),
+            (Solutions{"x = 10\n"}));
+  options.parameters = {{"k", 5}};
+  EXPECT_EQ(ErrorsOf("param n : int = 3; solve;", options),
+            "m.kiv: error: the model has no parameter 'k'\n  parameters: 'n'\n");
+  options.parameters = {{"n", 1}};
+  EXPECT_EQ(ErrorsOf("n : int = 3; solve;", options),
+            "m.kiv: error: the model has no parameter 'n'\n  parameters: none\n");
+}
+
+TEST(Models, EachConstraintKnowsWhereItComesFrom) {
+  const SourceText source("m.kiv",
+                          "x : interval int = { 1, 5 };\n"
+                          "y : enum int = [0, 9];\n"
+                          "x + y\n  = 2*(y - 1);\n"
+                          "all_different(x, y);\n"
+                          "solve;\n");
+  Diagnostics diagnostics(source);
+  const auto model = ReadModel(source, StandardVocabulary(), {}, diagnostics);
+  ASSERT_NE(model, nullptr);
+  std::multiset<std::string> origins;
+  const KivOmbNetwork& network = model->GetNetwork();
+  for (KivOmbNetwork::ConstraintId id = 0; id < network.CountConstraints(); ++id) {
+    origins.insert(model->Describe(id));
+  }
+  EXPECT_EQ(origins, (std::multiset<std::string>{"m.kiv:1:20: { 1, 5 }", "m.kiv:3:1: x + y",
+                                                 "m.kiv:4:8: y - 1", "m.kiv:4:5: 2*(y - 1)",
+                                                 "m.kiv:3:1: x + y = 2*(y - 1)",
+                                                 "m.kiv:5:1: all_different(x, y)"}));
+  EXPECT_EQ(model->NameOf(0), "x");
+  EXPECT_EQ(model->GetDeclared(), (std::vector<KivOmbNetwork::VariableId>{0, 1}));
+}
+
+TEST(Models, NamesElementsOfArrays) {
+  const SourceText source("m.kiv", "x : int; q[2] : int; y : int; q[1] + x = 2; solve;");
+  Diagnostics diagnostics(source);
+  const auto model = ReadModel(source, StandardVocabulary(), {}, diagnostics);
+  ASSERT_NE(model, nullptr);
+  std::vector<std::string> names;
+  for (const KivOmbNetwork::VariableId variable : model->GetDeclared()) {
+    names.push_back(model->NameOf(variable));
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"x", "q[1]", "q[2]", "y"}));
+  EXPECT_EQ(model->NameOf(4), "");  // a value of an expression
+}
+
+TEST(Models, CompileToTheDepthThatParses) {
+  std::string open, close;
+  for (int i = 0; i < 99; ++i) {
+    open += "1 + (";
+    close += ")";
+  }
+  EXPECT_EQ(
+      SolutionsOf("x, y : interval int = [0, 100]; x = " + open + "y" + close + "; y = 1; solve;"),
+      (Solutions{"x = 100\ny = 1\n"}));
+}
+
+TEST(Models, EqualConstantsShareAVariable) {
+  const SourceText source("m.kiv", "x, y : enum int = [1, 9]; x <> 5; y <> 5; x <> 2 + 3; solve;");
+  Diagnostics diagnostics(source);
+  const auto model = ReadModel(source, StandardVocabulary(), {}, diagnostics);
+  ASSERT_NE(model, nullptr);
+  EXPECT_EQ(model->GetNetwork().CountVariables(), 3u);
+}
+
+}  // namespace
+}  // namespace kiv::test

@@ -1,0 +1,303 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/solver/language/read_model.h"
+
+namespace kiv::test {
+namespace {
+
+// The first line of what is printed about a model: place and text.
+std::string FirstLine(const std::string& model) {
+  const std::string errors = ErrorsOf(model);
+  return errors.substr(0, errors.find('\n'));
+}
+
+// Each place with its text, without the excerpts.
+std::string Lines(const std::string& model) {
+  const std::string errors = ErrorsOf(model);
+  std::string lines;
+  for (std::size_t at = 0; at < errors.size();) {
+    const std::size_t end = errors.find('\n', at);
+    const std::string line = errors.substr(at, end - at);
+    if (line.starts_with("m.kiv")) lines += line + '\n';
+    at = end + 1;
+  }
+  return lines;
+}
+
+TEST(SyntaxErrors, SayWhatWasExpectedAndWhatIsThere) {
+  EXPECT_EQ(ErrorsOf("x : enum int = [1, 3];\nx = * 3;\nsolve;\n"),
+            "m.kiv:2:5: error: expected an operand, found '*'\n"
+            "  x = * 3;\n"
+            "      ^\n");
+  EXPECT_EQ(FirstLine("x = 1 y = 2; solve;"),
+            "m.kiv:1:7: error: expected an operator or ';', found 'y'");
+  EXPECT_EQ(FirstLine("x : enum int [1, 3]; solve;"),
+            "m.kiv:1:14: error: expected '=' and a domain, or ';', found '['");
+  EXPECT_EQ(FirstLine("x : enum int = ; solve;"),
+            "m.kiv:1:16: error: expected a domain: a value, { ... }, [ ... ] or Any, found ';'");
+  EXPECT_EQ(FirstLine("x : ; solve;"),
+            "m.kiv:1:5: error: expected a kind such as 'enum int', found ';'");
+  EXPECT_EQ(FirstLine("x, y = 1; solve;"), "m.kiv:1:6: error: expected ':', found '='");
+  EXPECT_EQ(FirstLine("x : int = [1 3]; solve;"),
+            "m.kiv:1:14: error: expected an operator or ',', found '3'");
+  EXPECT_EQ(FirstLine("x : int = {1 3}; solve;"),
+            "m.kiv:1:14: error: expected an operator, ',' or '}', found '3'");
+  EXPECT_EQ(FirstLine("x = (1 + 2; solve;"),
+            "m.kiv:1:11: error: expected an operator or ')', found ';'");
+  EXPECT_EQ(FirstLine("x = c[1; solve;"),
+            "m.kiv:1:8: error: expected an operator or ']', found ';'");
+  EXPECT_EQ(FirstLine("f(1; solve;"),
+            "m.kiv:1:4: error: expected an operator, ',' or ')', found ';'");
+  EXPECT_EQ(FirstLine("param n = 3; solve;"), "m.kiv:1:9: error: expected ':', found '='");
+  EXPECT_EQ(FirstLine("param for : int = 3; solve;"),
+            "m.kiv:1:7: error: expected a name, found 'for'");
+  EXPECT_EQ(FirstLine("for i = 1..3 { } solve;"), "m.kiv:1:7: error: expected 'in', found '='");
+  EXPECT_EQ(FirstLine("for i in 1, 3 { } solve;"),
+            "m.kiv:1:11: error: expected an operator or '..', found ','");
+  EXPECT_EQ(FirstLine("for i in 1..3 x = 1; solve;"),
+            "m.kiv:1:15: error: expected an operator, ',' or '{', found 'x'");
+  EXPECT_EQ(FirstLine("for i in 1..3 { solve; }"),
+            "m.kiv:1:17: error: expected a constraint, 'for' or '}', found 'solve'");
+  EXPECT_EQ(FirstLine("12ab = x; solve;"),
+            "m.kiv:1:3: error: expected an operator after the number, found 'ab'");
+  EXPECT_EQ(FirstLine("} solve;"), "m.kiv:1:1: error: expected a statement, found '}'");
+  EXPECT_EQ(FirstLine("x = \xFF; solve;"),
+            "m.kiv:1:5: error: expected an operand, found the byte 0xFF");
+}
+
+TEST(SyntaxErrors, AreMarkedWhereSomethingIsMissing) {
+  EXPECT_EQ(ErrorsOf("x = 1  # one\ny = 2;\nsolve;"),
+            "m.kiv:1:6: error: expected an operator or ';', found 'y'\n"
+            "  x = 1  # one\n"
+            "       ^\n");
+  EXPECT_EQ(FirstLine("x = 1;\nsolve"),
+            "m.kiv:2:6: error: expected ';', found the end of the model");
+  EXPECT_EQ(FirstLine("x = \n\n"),
+            "m.kiv:1:4: error: expected an operand, found the end of the model");
+}
+
+TEST(SyntaxErrors, AModelEndsWithSolve) {
+  EXPECT_EQ(ErrorsOf(""), "m.kiv: error: the model is empty; it must end with 'solve;'\n");
+  EXPECT_EQ(FirstLine("x = 1;\n\n"), "m.kiv:1:7: error: the model must end with 'solve;'");
+  EXPECT_EQ(FirstLine("solve; x = 1; solve;"),
+            "m.kiv:1:1: error: 'solve;' must be the last statement");
+}
+
+TEST(SyntaxErrors, DeclarationsNameVariablesOutsideOfLoops) {
+  const std::string refusal =
+      "error: a declaration names variables, as in 'x, y : enum int = [0, 9];'\n";
+  EXPECT_EQ(Lines("x + 1, f(2), z : enum int; (y) : enum int; 3 : int; solve;"),
+            "m.kiv:1:1: " + refusal + "m.kiv:1:8: " + refusal + "m.kiv:1:28: " + refusal +
+                "m.kiv:1:44: " + refusal);
+  EXPECT_EQ(FirstLine("x, 2 : enum int; solve;"), "m.kiv:1:4: error: expected a name, found '2'");
+  EXPECT_EQ(FirstLine("for i in 1..3 { x : enum int; } solve;"),
+            "m.kiv:1:17: error: variables are declared outside of loops; an array holds one for "
+            "each value of the loop's variable");
+  EXPECT_EQ(FirstLine("x == y << z; solve;"),
+            "m.kiv:1:8: error: relations with a truth value do not chain; write parentheses");
+  EXPECT_EQ(FirstLine("x = 9223372036854775808; solve;"),
+            "m.kiv:1:5: error: the number is too large: it does not fit 64 bits");
+}
+
+constexpr const char* kVariables =
+    "x, y : enum int = [1, 9]; c[3] : enum int = [1, 9]; t : bool;\n";
+
+std::string LinesWithVariables(const std::string& statements) {
+  return Lines(kVariables + statements + "\nsolve;");
+}
+
+TEST(NameErrors, SuggestWhatWasMeant) {
+  EXPECT_EQ(ErrorsOf("width : enum int = [1, 9];\nwidht > 2;\nsolve;\n"),
+            "m.kiv:2:1: error: unknown name 'widht'; did you mean 'width'?\n"
+            "  widht > 2;\n"
+            "  ^~~~~\n");
+  EXPECT_EQ(ErrorsOf("x : enun int = [1, 9]; x = 1; solve;"),
+            "m.kiv:1:5: error: unknown kind 'enun int'; did you mean 'enum int'?\n"
+            "  x : enun int = [1, 9]; x = 1; solve;\n"
+            "      ^~~~~~~~\n"
+            "  kinds: 'int', 'interval int', 'bool', 'enum int'\n");
+  EXPECT_EQ(LinesWithVariables("all_diferent(x, y);"),
+            "m.kiv:2:1: error: unknown function 'all_diferent'; did you mean 'all_different'?\n");
+  EXPECT_EQ(LinesWithVariables("slove;"),
+            "m.kiv:2:1: error: unknown name 'slove'; did you mean 'solve'?\n");
+}
+
+TEST(NameErrors, ANameMeansOneThing) {
+  EXPECT_EQ(ErrorsOf("x : int;\nparam y : int = 1;\ny, x[2] : int;\nsolve;"),
+            "m.kiv:3:1: error: the name 'y' is declared already\n"
+            "  y, x[2] : int;\n"
+            "  ^\n"
+            "  first at m.kiv:2:7\n"
+            "m.kiv:3:4: error: the name 'x' is declared already\n"
+            "  y, x[2] : int;\n"
+            "     ^\n"
+            "  first at m.kiv:1:1\n");
+  EXPECT_EQ(LinesWithVariables("for x in 1..2 { y = 1; }"),
+            "m.kiv:2:5: error: the name 'x' is declared already\n");
+  EXPECT_EQ(LinesWithVariables("for i in 1..2, i in 1..2 { y = 1; }"),
+            "m.kiv:2:16: error: the name 'i' is declared already\n");
+  EXPECT_EQ(LinesWithVariables("for i in 1..2 { y > 1; } x = i;"),
+            "m.kiv:2:30: error: unknown name 'i'\n");
+}
+
+TEST(NameErrors, ArraysAreUsedByTheirElements) {
+  EXPECT_EQ(LinesWithVariables("c = 1; c[4] = 1; c[0] = 1; c[x] = 1; x[1] = 1; c[d] = 1;"),
+            "m.kiv:2:1: error: 'c' is an array with indices 1..3; write 'c[...]'\n"
+            "m.kiv:2:10: error: the index 4 of 'c' is outside 1..3\n"
+            "m.kiv:2:20: error: the index 0 of 'c' is outside 1..3\n"
+            "m.kiv:2:30: error: an index must be made of numbers, parameters and loop variables\n"
+            "m.kiv:2:38: error: 'x' is no array\n"
+            "m.kiv:2:50: error: unknown name 'd'\n");
+}
+
+TEST(NameErrors, AWrongDeclarationIsOneMistake) {
+  EXPECT_EQ(Lines("x : enun int; y : enum int = {}; z[-1] : int;\nx = y; z[1] = x; solve;"),
+            "m.kiv:1:5: error: unknown kind 'enun int'; did you mean 'enum int'?\n"
+            "m.kiv:1:30: error: the domain is empty\n"
+            "m.kiv:1:36: error: the size -1 of an array is outside 0..1000000\n");
+}
+
+TEST(DomainErrors, RefuseWhatAKindCannotHold) {
+  EXPECT_EQ(ErrorsOf("x : enum int = [1, 1025];\nsolve;\n"),
+            "m.kiv:1:16: error: 'enum int' cannot hold the 1025 values [1, 1025]; use "
+            "'interval int'\n"
+            "  x : enum int = [1, 1025];\n"
+            "                 ^~~~~~~~~\n");
+  EXPECT_EQ(FirstLine("x : int = { 4, 2 }; solve;"),
+            "m.kiv:1:11: error: 'int' cannot hold the 2 values { 2, 4 }; use 'interval int' or "
+            "'enum int'");
+  EXPECT_EQ(FirstLine("x : int = [3, 1]; solve;"), "m.kiv:1:11: error: the domain is empty");
+  EXPECT_EQ(FirstLine("t : bool = 1; solve;"),
+            "m.kiv:1:12: error: the domain of a 'bool' is true, false or Any");
+  EXPECT_EQ(FirstLine("t : bool = { true, false }; solve;"),
+            "m.kiv:1:12: error: the domain of a 'bool' is true, false or Any");
+  EXPECT_EQ(FirstLine("x : int = true; solve;"),
+            "m.kiv:1:11: error: a value of a domain must be made of numbers, parameters and loop "
+            "variables");
+}
+
+TEST(DomainErrors, RefuseInfinities) {
+  EXPECT_EQ(ErrorsOf("x : interval int = [-2147483646, 2147483646]; solve;"), "");
+  EXPECT_EQ(FirstLine("x : interval int = [0, 2147483647]; solve;"),
+            "m.kiv:1:24: error: the value 2147483647 is outside -2147483646..2147483646");
+  EXPECT_EQ(FirstLine("x : int = -2147483647; solve;"),
+            "m.kiv:1:11: error: the value -2147483647 is outside -2147483646..2147483646");
+}
+
+TEST(ConstantErrors, NameTheOperatorOrTheNumber) {
+  EXPECT_EQ(
+      LinesWithVariables("x = 10 / 4; x = 1 mod 0; x = 2^63; x = y + 2147483647; x = y * 2^40;"),
+      "m.kiv:2:8: error: the division 10 / 4 is not exact\n"
+      "m.kiv:2:19: error: remainder of a division by zero\n"
+      "m.kiv:2:31: error: the constant does not fit 64 bits\n"
+      "m.kiv:2:44: error: the constant 2147483647 is outside -2147483646..2147483646\n"
+      "m.kiv:2:64: error: the constant 1099511627776 is outside -2147483646..2147483646\n");
+  EXPECT_EQ(Lines("param n : int = 2147483647; param m : bool = 1; param k : int = n*x; solve;"),
+            "m.kiv:1:17: error: the value 2147483647 is outside -2147483646..2147483646\n"
+            "m.kiv:1:39: error: a parameter is an 'int'\n"
+            "m.kiv:1:67: error: unknown name 'x'\n");
+  EXPECT_EQ(LinesWithVariables("for i in 1..x { y = i; } d[y] : int;"),
+            "m.kiv:2:13: error: the last value of a loop must be made of numbers, parameters and "
+            "loop variables\n"
+            "m.kiv:2:28: error: the size of an array must be made of numbers, parameters and loop "
+            "variables\n");
+}
+
+TEST(OperatorErrors, ListTheRowsThatExist) {
+  EXPECT_EQ(ErrorsOf("x : interval int = 1; t : bool;\n(interval int) t = x; solve;"),
+            "m.kiv:2:1: error: operator '(interval int)' is not known for bool\n"
+            "  (interval int) t = x; solve;\n"
+            "  ^~~~~~~~~~~~~~\n"
+            "  '(interval int)' is known for:\n"
+            "  interval int -> enum int\n");
+  EXPECT_EQ(LinesWithVariables("x + t = 2; t = x;"),
+            "m.kiv:2:3: error: operator '+' is not known for enum int, bool\n"
+            "m.kiv:2:14: error: operator '=' is not known for bool, enum int\n");
+  EXPECT_EQ(LinesWithVariables("(text) x = y;"),
+            "m.kiv:2:1: error: no module that is loaded has an operator '(text)' with 1 operand\n");
+  EXPECT_EQ(LinesWithVariables("abs(x, y, x) = 1;"),
+            "m.kiv:2:1: error: 'abs' does not take 3 arguments\n");
+}
+
+TEST(StatementErrors, AStatementMustAssertSomething) {
+  EXPECT_EQ(
+      LinesWithVariables("x == y; x << y; x + y; t; x; 3; (x < y) + 1;"),
+      "m.kiv:2:3: error: this asserts nothing: '==' only has a truth value; did you mean "
+      "'='?\n"
+      "m.kiv:2:11: error: this asserts nothing: '<<' only has a truth value; did you mean "
+      "'<'?\n"
+      "m.kiv:2:17: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
+      "'all_different(...)'\n"
+      "m.kiv:2:24: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
+      "'all_different(...)'\n"
+      "m.kiv:2:27: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
+      "'all_different(...)'\n"
+      "m.kiv:2:30: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
+      "'all_different(...)'\n"
+      "m.kiv:2:33: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
+      "'all_different(...)'\n");
+}
+
+TEST(StatementErrors, AllDifferentIsAStatementOverIntegers) {
+  EXPECT_EQ(LinesWithVariables("all_different(x, t); x = all_different(x);"),
+            "m.kiv:2:18: error: 'all_different' takes integers, not 'bool'\n"
+            "m.kiv:2:26: error: 'all_different' is a constraint of its own, not part of an "
+            "expression\n");
+}
+
+TEST(StatementErrors, AMistakeInALoopIsReportedOnce) {
+  EXPECT_EQ(LinesWithVariables("for i in 1..1000000 { c[i] > 1; z > i; }"),
+            "m.kiv:2:33: error: unknown name 'z'\n");
+  EXPECT_EQ(LinesWithVariables("for i in 1..1000000 { c[i] > 1; }"),
+            "m.kiv:2:25: error: the index 4 of 'c' is outside 1..3\n");
+}
+
+TEST(StatementErrors, AreReportedTogetherUpToTwenty) {
+  std::string text;
+  for (int i = 0; i < 30; ++i) text += "nothing" + std::to_string(100 + i) + " = 1;\n";
+  const std::string errors = ErrorsOf(text + "solve;");
+  EXPECT_NE(errors.find("m.kiv:20:1: "), std::string::npos);
+  EXPECT_EQ(errors.find("m.kiv:21:1: "), std::string::npos);
+  EXPECT_TRUE(errors.ends_with("m.kiv: stopped after 20 errors\n"));
+}
+
+TEST(LimitErrors, LoopsNestAsDeepAsParentheses) {
+  std::string ranges = "for i in 1..1";
+  for (int i = 1; i < 200; ++i) ranges += ", i" + std::to_string(i) + " in 1..1";
+  EXPECT_EQ(ErrorsOf("x : int = 1; " + ranges + " { x = 1; } solve;"), "");
+  const std::string deeper = FirstLine("x : int = 1; " + ranges + ", j in 1..1 { x = 1; } solve;");
+  EXPECT_TRUE(deeper.ends_with("error: loops run within each other more than 200 deep")) << deeper;
+}
+
+TEST(LimitErrors, KeepModelsWithinTheMachine) {
+  CompileOptions options;
+  options.limits.steps = 1000;
+  options.limits.array_size = 100;
+  const auto first_line = [&options](const std::string& text) {
+    const std::string errors = ErrorsOf(text, options);
+    return errors.substr(0, errors.find('\n'));
+  };
+  const std::string large =
+      "error: the model is too large: it asks for more than 1000 variables, constraints and loop "
+      "steps";
+  EXPECT_EQ(first_line("for i in 1..1000 { } solve;"), "");
+  EXPECT_EQ(first_line("for i in 1..1001 { } solve;"), "m.kiv:1:5: " + large);
+  EXPECT_EQ(first_line("for i in 1..9223372036854775807, j in 1..0 { } solve;"),
+            "m.kiv:1:5: " + large);
+  EXPECT_EQ(first_line("x : int; for i in 1..900 { x = i; } solve;"), "m.kiv:1:14: " + large);
+  EXPECT_EQ(first_line("c[100] : int; for i in 1..100 { all_different(c, c, c); } solve;"),
+            "m.kiv:1:53: " + large);
+  // A name for which there was no room has no variables that its uses could reach.
+  EXPECT_EQ(first_line("for i in 1..990 { } c[100] : int; c[100] = 1; solve;"),
+            "m.kiv:1:21: " + large);
+  EXPECT_EQ(first_line("c[101] : int; solve;"),
+            "m.kiv:1:3: error: the size 101 of an array is outside 0..100");
+  EXPECT_EQ(first_line("a[100], b[100], c[100], d[100], e[100], f[100], g[100], h[100], i[100], "
+                       "j[100], k[1] : int; solve;"),
+            "m.kiv:1:81: " + large);
+}
+
+}  // namespace
+}  // namespace kiv::test

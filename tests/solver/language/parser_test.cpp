@@ -1,0 +1,220 @@
+#include "solver/language/parser.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace kiv {
+namespace {
+
+// The structure of an expression, with parentheses around each application.
+std::string Structure(const Expression& expression) {
+  const auto list = [](const std::vector<Expression>& expressions) {
+    std::string text;
+    for (const Expression& each : expressions) text += (text.empty() ? "" : ",") + Structure(each);
+    return text;
+  };
+  if (const auto* integer = std::get_if<IntegerLiteral>(&expression.form)) {
+    return std::to_string(integer->value);
+  }
+  if (const auto* truth = std::get_if<BooleanLiteral>(&expression.form)) {
+    return truth->value ? "true" : "false";
+  }
+  if (const auto* reference = std::get_if<Reference>(&expression.form)) {
+    if (reference->index == nullptr) return reference->name;
+    return reference->name + '[' + Structure(*reference->index) + ']';
+  }
+  if (const auto* unary = std::get_if<UnaryApplication>(&expression.form)) {
+    return '(' + unary->symbol.text + ' ' + Structure(*unary->operand) + ')';
+  }
+  if (const auto* call = std::get_if<Call>(&expression.form)) {
+    return call->name.text + '(' + list(call->arguments) + ')';
+  }
+  const auto& chain = std::get<Chain>(expression.form);
+  std::string text = '(' + Structure(chain.operands[0]);
+  for (std::size_t i = 0; i < chain.operators.size(); ++i) {
+    text += ' ' + chain.operators[i].text + ' ' + Structure(chain.operands[i + 1]);
+  }
+  return text + ')';
+}
+
+std::optional<SyntaxTree> Parse(const SourceText& source) {
+  Diagnostics diagnostics(source);
+  auto tree = ParseModel(source, diagnostics);
+  std::ostringstream errors;
+  diagnostics.PrintOn(errors);
+  EXPECT_EQ(errors.str(), "");
+  EXPECT_TRUE(tree);
+  return tree;
+}
+
+// The structure of the expression that is the only statement before `solve;`.
+std::string Read(const std::string& expression) {
+  const SourceText source("m.kiv", expression + "; solve;");
+  const auto tree = Parse(source);
+  return tree ? Structure(std::get<Constraint>(tree->statements.at(0).form).expression) : "";
+}
+
+TEST(Parser, AppliesTighterOperatorsFirst) {
+  EXPECT_EQ(Read("a + b * c ^ d"), "(a + (b * (c ^ d)))");
+  EXPECT_EQ(Read("a ^ b * c + d"), "(((a ^ b) * c) + d)");
+  EXPECT_EQ(Read("a \\/ b /\\ c + d mod e"), "(a \\/ (b /\\ (c + (d mod e))))");
+  EXPECT_EQ(Read("a mod b + c /\\ d \\/ e"), "((((a mod b) + c) /\\ d) \\/ e)");
+  EXPECT_EQ(Read("t = x == y + 1"), "(t = (x == (y + 1)))");
+  EXPECT_EQ(Read("x + 1 >== y = t"), "(((x + 1) >== y) = t)");
+  EXPECT_EQ(Read("a * b + c * d - e * f = 0"), "(((a * b) + (c * d) - (e * f)) = 0)");
+}
+
+TEST(Parser, AppliesOperatorsOfOneLevelFromTheLeft) {
+  EXPECT_EQ(Read("a - b + c - d"), "(a - b + c - d)");
+  EXPECT_EQ(Read("a * b / c mod d"), "(a * b / c mod d)");
+  EXPECT_EQ(Read("a - (b + c) - d"), "(a - (b + c) - d)");
+  EXPECT_EQ(Read("0 <= x < y <> z"), "(0 <= x < y <> z)");
+}
+
+TEST(Parser, AppliesPowersFromTheRight) {
+  EXPECT_EQ(Read("a ^ b ^ c"), "(a ^ (b ^ c))");
+  EXPECT_EQ(Read("(a ^ b) ^ c"), "((a ^ b) ^ c)");
+  EXPECT_EQ(Read("a ^ -b"), "(a ^ (- b))");
+}
+
+TEST(Parser, PutsSignsAboveProductsAndBelowPowers) {
+  EXPECT_EQ(Read("-x ^ 2 * y"), "((- (x ^ 2)) * y)");
+  EXPECT_EQ(Read("- - x"), "(- (- x))");
+  EXPECT_EQ(Read("a - -b"), "(a - (- b))");
+  EXPECT_EQ(Read("abs x + 1"), "((abs x) + 1)");
+  EXPECT_EQ(Read("abs x ^ 2"), "(abs (x ^ 2))");
+  EXPECT_EQ(Read("next prev sign x"), "(next (prev (sign x)))");
+}
+
+TEST(Parser, BindsFunctionsAsParenthesesDo) {
+  EXPECT_EQ(Read("abs(x) ^ 2"), "(abs(x) ^ 2)");
+  EXPECT_EQ(Read("abs (x) - 1"), "(abs(x) - 1)");
+  EXPECT_EQ(Read("f()"), "f()");
+  EXPECT_EQ(Read("f(a, b + 1, c[2])"), "f(a,(b + 1),c[2])");
+}
+
+TEST(Parser, ReadsConversions) {
+  EXPECT_EQ(Read("(interval int) x + 1"), "(((interval int) x) + 1)");
+  EXPECT_EQ(Read("(  interval # a comment\n int )x"), "((interval int) x)");
+  EXPECT_EQ(Read("(interval int) -x"), "((interval int) (- x))");
+  EXPECT_EQ(Read("(int) x"), "((int) x)");
+  // One word in parentheses is a name wherever an expression can go on.
+  EXPECT_EQ(Read("(x) - y"), "(x - y)");
+  EXPECT_EQ(Read("(x) mod y"), "(x mod y)");
+  EXPECT_EQ(Read("(x)"), "x");
+}
+
+TEST(Parser, TellsLongOperatorsFromShortOnes) {
+  EXPECT_EQ(Read("a<==b"), "(a <== b)");
+  EXPECT_EQ(Read("a>==b"), "(a >== b)");
+  EXPECT_EQ(Read("a<=-b"), "(a <= (- b))");
+  EXPECT_EQ(Read("a<>b"), "(a <> b)");
+  EXPECT_EQ(Read("a<<b"), "(a << b)");
+  EXPECT_EQ(Read("a/\\b"), "(a /\\ b)");
+  EXPECT_EQ(Read("a/b"), "(a / b)");
+  EXPECT_EQ(Read("modulus mod model"), "(modulus mod model)");
+  EXPECT_EQ(Read("true1 = true"), "(true1 = true)");
+}
+
+TEST(Parser, ReadsStatements) {
+  const SourceText source("m.kiv",
+                          "\xEF\xBB\xBF# a byte order mark is no mistake\r\n"
+                          "param n : int = 2*4;\n"
+                          "x, c[n+1] : enum   int = { 1, 2 };\n"
+                          "y : interval int = [0, 9]; z : bool;\n"
+                          "for i in 1..n, j in i+1..n { x = 1; for k in 1..2 { } }\n"
+                          "solve; # done");
+  const auto tree = Parse(source);
+  ASSERT_TRUE(tree);
+  ASSERT_EQ(tree->statements.size(), 6u);
+
+  const auto& parameter = std::get<Parameter>(tree->statements[0].form);
+  EXPECT_EQ(parameter.name.text, "n");
+  EXPECT_EQ(parameter.kind.text, "int");
+  EXPECT_EQ(Structure(parameter.value), "(2 * 4)");
+
+  const auto& set = std::get<Declaration>(tree->statements[1].form);
+  ASSERT_EQ(set.declarators.size(), 2u);
+  EXPECT_EQ(set.declarators[0].name.text, "x");
+  EXPECT_EQ(set.declarators[0].size, nullptr);
+  EXPECT_EQ(set.declarators[1].name.text, "c");
+  EXPECT_EQ(Structure(*set.declarators[1].size), "(n + 1)");
+  EXPECT_EQ(set.kind.text, "enum int");
+  EXPECT_EQ(set.domain.form, Domain::Form::kValues);
+  EXPECT_EQ(set.domain.elements.size(), 2u);
+  EXPECT_EQ(source.Quote(set.domain.range), "{ 1, 2 }");
+
+  EXPECT_EQ(std::get<Declaration>(tree->statements[2].form).domain.form, Domain::Form::kInterval);
+  EXPECT_EQ(std::get<Declaration>(tree->statements[3].form).domain.form, Domain::Form::kAny);
+
+  const auto& loop = std::get<Loop>(tree->statements[4].form);
+  ASSERT_EQ(loop.ranges.size(), 2u);
+  EXPECT_EQ(loop.ranges[1].name.text, "j");
+  EXPECT_EQ(Structure(loop.ranges[1].first), "(i + 1)");
+  ASSERT_EQ(loop.body.size(), 2u);
+  EXPECT_TRUE(std::holds_alternative<Loop>(loop.body[1].form));
+  EXPECT_TRUE(std::holds_alternative<Solve>(tree->statements[5].form));
+  EXPECT_EQ(source.Quote(tree->statements[5].range), "solve;");
+}
+
+TEST(Parser, RangesCoverWhatIsWritten) {
+  const SourceText source("m.kiv", "  (x + 1) * y = z ; solve;");
+  const auto tree = Parse(source);
+  ASSERT_TRUE(tree);
+  const auto& relation = std::get<Constraint>(tree->statements[0].form).expression;
+  EXPECT_EQ(source.Quote(relation.range), "(x + 1) * y = z");
+  const auto& product = std::get<Chain>(relation.form).operands[0];
+  EXPECT_EQ(source.Quote(product.range), "(x + 1) * y");
+  EXPECT_EQ(source.Quote(std::get<Chain>(product.form).operands[0].range), "(x + 1)");
+}
+
+TEST(Parser, ReadsLongModels) {
+  std::string text = "x = 0";
+  for (int i = 0; i < 20000; ++i) text += " + 1";
+  text += ';';
+  for (int i = 0; i < 20000; ++i) text += "\nx = y;";
+  const SourceText source("m.kiv", text + "solve;");
+  const auto tree = Parse(source);
+  ASSERT_TRUE(tree);
+  EXPECT_EQ(tree->statements.size(), 20002u);
+}
+
+std::string Repeat(const std::string& text, std::size_t count) {
+  std::string repeated;
+  for (std::size_t i = 0; i < count; ++i) repeated += text;
+  return repeated;
+}
+
+TEST(Parser, NestsToTheDepthThatIsPromised) {
+  // The innermost operand is one level itself.
+  const std::size_t most = kDeepestNesting - 1;
+  EXPECT_EQ(Read(Repeat("(", most) + 'x' + Repeat(")", most)), "x");
+  EXPECT_EQ(Read(Repeat("f(", most) + 'x' + Repeat(")", most)),
+            Repeat("f(", most) + 'x' + Repeat(")", most));
+}
+
+TEST(Parser, RefusesToNestDeeper) {
+  for (const std::string open : {"(", "f(", "c[", "-", "abs ", "2^", "(int) ", "for i in 1..2 {"}) {
+    const SourceText source("m.kiv", Repeat(open, 100000));
+    Diagnostics diagnostics(source);
+    EXPECT_FALSE(ParseModel(source, diagnostics));
+    ASSERT_EQ(diagnostics.Count(), 1u) << open;
+    const std::string& text = diagnostics.GetAll()[0].text;
+    EXPECT_EQ(text, "nested more than 200 levels deep");
+  }
+}
+
+TEST(Parser, TakesAnyBytes) {
+  for (int byte = 0; byte < 256; ++byte) {
+    for (const std::string prefix : {"", "x ", "x = ", "x : ", "for ", "c[1", "12", "x = 1; "}) {
+      const SourceText source("m.kiv", prefix + static_cast<char>(byte));
+      Diagnostics diagnostics(source);
+      EXPECT_FALSE(ParseModel(source, diagnostics));
+      EXPECT_FALSE(diagnostics.IsEmpty());
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,216 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tests/solver/language/read_model.h"
+#include "tests/support/seed.h"
+
+namespace kiv::test {
+namespace {
+
+// Values of the variables of a model.
+using Values = std::vector<std::int64_t>;
+
+// A part of a model with what it means, both made from the same dice.
+struct Term {
+  std::string text;
+  int level;  // of its outermost operator: 0 for sums, 1 for products, 2 for what needs no
+              // parentheses
+  std::function<std::int64_t(const Values&)> value;
+};
+struct Assertion {
+  std::string text;
+  std::function<bool(const Values&)> holds;
+};
+
+// A random model over a few variables, small enough to try all their values.
+class RandomModel {
+ public:
+  explicit RandomModel(std::uint64_t seed) : random_(seed) {
+    for (const char* name : {"a", "b", "c"}) AddInteger(name);
+    text_ += "t : bool;\n";
+    names_.push_back("t");
+    domains_.push_back({0, 1});
+    const int constraints = Roll(1, 3);
+    for (int i = 0; i < constraints; ++i) Add(MakeAssertion());
+    Add(MakeEquivalence());
+    text_ += "solve;\n";
+  }
+
+  const std::string& GetText() const { return text_; }
+
+  // By trying all values.
+  std::set<std::string> Enumerate() const {
+    std::set<std::string> solutions;
+    Values values(domains_.size());
+    Try(0, values, solutions);
+    return solutions;
+  }
+
+ private:
+  int Roll(int least, int greatest) {
+    return std::uniform_int_distribution<int>(least, greatest)(random_);
+  }
+
+  void AddInteger(const std::string& name) {
+    std::set<std::int64_t> values;
+    const int count = Roll(1, 5);
+    while (static_cast<int>(values.size()) < count) values.insert(Roll(-4, 6));
+    const int kind = Roll(0, 5);
+    if (kind == 0) values = {*values.begin()};
+    std::string list;
+    for (const std::int64_t value : values)
+      list += (list.empty() ? "" : ", ") + std::to_string(value);
+    const char* kinds[] = {"int",      "interval int", "interval int",
+                           "enum int", "enum int",     "enum int"};
+    text_ += name + " : " + kinds[kind] + " = { " + list + " };\n";
+    names_.push_back(name);
+    domains_.emplace_back(values.begin(), values.end());
+  }
+
+  void Add(Assertion assertion) {
+    text_ += assertion.text + ";\n";
+    assertions_.push_back(std::move(assertion));
+  }
+
+  Term MakeVariable() {
+    const auto index = static_cast<std::size_t>(Roll(0, 2));
+    return {names_[index], 2, [index](const Values& values) { return values[index]; }};
+  }
+
+  static std::string Wrap(const Term& term, int level) {
+    return term.level < level ? '(' + term.text + ')' : term.text;
+  }
+
+  Term MakeTerm(int depth) {
+    switch (depth == 0 ? 0 : Roll(0, 4)) {
+      case 0:
+        return MakeVariable();
+      case 1: {
+        const std::int64_t constant = Roll(0, 9);
+        return {std::to_string(constant), 2, [constant](const Values&) { return constant; }};
+      }
+      case 2: {
+        const Term factor = MakeTerm(depth - 1);
+        const std::int64_t constant = Roll(0, 3);
+        const std::string number = std::to_string(constant);
+        const auto value = [factor, constant](const Values& v) {
+          return constant * factor.value(v);
+        };
+        if (Roll(0, 1) == 0) return {number + '*' + Wrap(factor, 2), 1, value};
+        return {Wrap(factor, 1) + " * " + number, 1, value};
+      }
+      case 3: {
+        const Term left = MakeTerm(depth - 1), right = MakeTerm(depth - 1);
+        return {Wrap(left, 0) + " + " + Wrap(right, 1), 0,
+                [left, right](const Values& v) { return left.value(v) + right.value(v); }};
+      }
+      default: {
+        const Term left = MakeTerm(depth - 1), right = MakeTerm(depth - 1);
+        return {Wrap(left, 0) + " - " + Wrap(right, 1), 0,
+                [left, right](const Values& v) { return left.value(v) - right.value(v); }};
+      }
+    }
+  }
+
+  struct Relation {
+    const char* symbol;
+    const char* question;  // with a truth value, where there is one
+    bool (*holds)(std::int64_t, std::int64_t);
+  };
+  static constexpr Relation kRelations[] = {
+      {"=", "==", [](std::int64_t l, std::int64_t r) { return l == r; }},
+      {"<", "<<", [](std::int64_t l, std::int64_t r) { return l < r; }},
+      {"<=", "<==", [](std::int64_t l, std::int64_t r) { return l <= r; }},
+      {">", ">>", [](std::int64_t l, std::int64_t r) { return l > r; }},
+      {">=", ">==", [](std::int64_t l, std::int64_t r) { return l >= r; }},
+      {"<>", nullptr, [](std::int64_t l, std::int64_t r) { return l != r; }},
+  };
+
+  Assertion MakeAssertion() {
+    if (Roll(0, 4) == 0) return MakeAllDifferent();
+    const int length = Roll(2, 3);
+    std::vector<Term> terms = {MakeTerm(2)};
+    std::vector<const Relation*> relations;
+    std::string text = terms[0].text;
+    for (int i = 1; i < length; ++i) {
+      relations.push_back(&kRelations[Roll(0, 5)]);
+      terms.push_back(MakeTerm(2));
+      text += ' ' + std::string(relations.back()->symbol) + ' ' + terms.back().text;
+    }
+    return {text, [terms, relations](const Values& values) {
+              for (std::size_t i = 0; i < relations.size(); ++i) {
+                if (!relations[i]->holds(terms[i].value(values), terms[i + 1].value(values))) {
+                  return false;
+                }
+              }
+              return true;
+            }};
+  }
+
+  Assertion MakeAllDifferent() {
+    const Term x = MakeTerm(1), y = MakeTerm(1), z = MakeTerm(1);
+    return {"all_different(" + x.text + ", " + y.text + ", " + z.text + ')',
+            [x, y, z](const Values& v) {
+              return std::set<std::int64_t>{x.value(v), y.value(v), z.value(v)}.size() == 3;
+            }};
+  }
+
+  Assertion MakeEquivalence() {
+    const Relation& relation = kRelations[Roll(0, 4)];
+    const Term left = MakeTerm(1), right = MakeTerm(1);
+    return {"t = " + left.text + ' ' + relation.question + ' ' + right.text,
+            [&relation, left, right](const Values& v) {
+              return (v[3] != 0) == relation.holds(left.value(v), right.value(v));
+            }};
+  }
+
+  void Try(std::size_t variable, Values& values, std::set<std::string>& solutions) const {
+    if (variable == domains_.size()) {
+      const auto holds = [&values](const Assertion& assertion) { return assertion.holds(values); };
+      if (!std::all_of(assertions_.begin(), assertions_.end(), holds)) return;
+      std::string text;
+      for (std::size_t i = 0; i + 1 < names_.size(); ++i) {
+        text += names_[i] + " = " + std::to_string(values[i]) + '\n';
+      }
+      solutions.insert(text + "t = " + (values.back() != 0 ? "true" : "false") + '\n');
+      return;
+    }
+    for (const std::int64_t value : domains_[variable]) {
+      values[variable] = value;
+      Try(variable + 1, values, solutions);
+    }
+  }
+
+  std::mt19937_64 random_;
+  std::string text_;
+  std::vector<std::string> names_;
+  std::vector<Values> domains_;
+  std::vector<Assertion> assertions_;
+};
+
+TEST(RandomModels, HaveTheSolutionsThatEnumerationFinds) {
+  const std::uint64_t first = Seed(1);
+  std::size_t solutions = 0;
+  for (std::uint64_t seed = first; seed < first + 1000; ++seed) {
+    const RandomModel model(seed);
+    SCOPED_TRACE(Replay(seed) + '\n' + model.GetText());
+    const std::set<std::string> expected = model.Enumerate();
+    const std::vector<std::string> found = SolutionsOf(model.GetText());
+    EXPECT_EQ(std::set<std::string>(found.begin(), found.end()), expected);
+    EXPECT_EQ(found.size(), expected.size()) << "a solution was found twice";
+    if (HasFailure()) return;
+    solutions += expected.size();
+  }
+  EXPECT_GT(solutions, 1000u) << "the models are too hard to tell anything";
+}
+
+}  // namespace
+}  // namespace kiv::test
