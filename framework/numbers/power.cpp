@@ -118,9 +118,9 @@ SubdefInt BasesOf(const SubdefInt& result, const SubdefInt& bases, SubIntBase ex
                                            : BasesByClass(result, bases, exponent);
 }
 
-// Beyond the exponents around 0 .. 31 it depends on the parity alone whether an exponent is one,
-// the infinite ones apart. So the ends of the hull are among the three outermost exponents on
-// either side and those around 0 .. 31.
+// Below 0 and from 31 on it depends on the parity alone whether an exponent is one, the infinite
+// ones apart, and a negative one has positive ones of its parity beside it. So the ends of the hull
+// are among the three outermost exponents on either side and 0 .. 32.
 SubdefInt ExponentsOf(const SubdefInt& result, const SubdefInt& bases, const SubdefInt& exponents) {
   Hull hull;
   const auto add_those_of = [&](std::int64_t first, std::int64_t last) {
@@ -133,7 +133,7 @@ SubdefInt ExponentsOf(const SubdefInt& result, const SubdefInt& bases, const Sub
   const std::int64_t lower = exponents.GetLower().GetValue();
   const std::int64_t upper = exponents.GetUpper().GetValue();
   add_those_of(lower, lower + 2);
-  add_those_of(-2, kSaturatingExponent + 1);
+  add_those_of(0, kSaturatingExponent + 1);
   add_those_of(upper - 2, upper);
   return hull.Get();
 }
