@@ -1,10 +1,11 @@
 #include "tests/enum_integers/support/random_domains.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <iostream>
 #include <set>
 #include <sstream>
+
+#include "tests/support/seed.h"
 
 namespace kiv::test {
 
@@ -13,15 +14,10 @@ namespace {
 using reference::kMax;
 using reference::kMin;
 
-std::uint64_t Seed() {
-  if (const char* const given = std::getenv("KIV_SEED")) return std::strtoull(given, nullptr, 0);
-  return std::random_device()();
-}
-
 }  // namespace
 
 Random::Random() {
-  const std::uint64_t seed = Seed();
+  const std::uint64_t seed = Seed(std::random_device()());
   std::cout << "KIV_SEED=" << seed << std::endl;
   engine_.seed(seed);
 }
