@@ -279,70 +279,43 @@ TEST(DomainCommand, HasHelpWithExamplesThatRun) {
   EXPECT_EQ(examples, 4);
 }
 
+// A statement in form, with up to three faults.
+std::string NearlyValid(std::mt19937_64& random) {
+  static const std::vector<std::string> statements = {
+      "{ 1, 2 } + [1, 3]", "x in { 1, 5 }, y : int in 3: x < y", "z in Any: z = abs { -1, 2 }",
+      "b : bool in Any: b = 1 <== 2", "(interval int) [1, 9] mod 4"};
+  static const std::vector<std::string> tokens = {
+      "x",  "in",  ":",   ",",   "{",   "}",    "[",    "]",  "(", ")",  "-2",   "5",
+      "+",  "-",   "/",   "^",   "mod", "abs",  "prev", "=",  "<", "<=", "<<",   "<>",
+      "==", "Any", "Nil", "Min", "int", "bool", "$",    "\n", " ", "_",  "\xff", "99999999999"};
+  std::string statement = statements[random() % statements.size()];
+  for (std::uint64_t faults = random() % 4; faults > 0; --faults) {
+    const std::size_t at = random() % (statement.size() + 1);
+    if (random() % 2 == 0) {
+      statement.erase(at, random() % 3);
+    } else {
+      statement.insert(at, tokens[random() % tokens.size()]);
+    }
+  }
+  return statement;
+}
+
 TEST(DomainCommand, EndsWithAnAnswerOrAnErrorWhateverIsWritten) {
-  static const std::vector<std::string> tokens = {"x",
-                                                  "y",
-                                                  "in",
-                                                  ":",
-                                                  ",",
-                                                  "{",
-                                                  "}",
-                                                  "[",
-                                                  "]",
-                                                  "(",
-                                                  ")",
-                                                  "1",
-                                                  "-2",
-                                                  "5",
-                                                  "+",
-                                                  "-",
-                                                  "*",
-                                                  "/",
-                                                  "/\\",
-                                                  "\\/",
-                                                  "^",
-                                                  "mod",
-                                                  "abs",
-                                                  "prev",
-                                                  "=",
-                                                  "<",
-                                                  "<=",
-                                                  "<==",
-                                                  "<<",
-                                                  "<>",
-                                                  "==",
-                                                  ">=",
-                                                  "Any",
-                                                  "Nil",
-                                                  "Min",
-                                                  "int",
-                                                  "bool",
-                                                  "$",
-                                                  "\n",
-                                                  " ",
-                                                  "_",
-                                                  "\xff",
-                                                  "x in { 1, 2 }:",
-                                                  "x in [1, 3], y in 5:",
-                                                  "{ 1, 2 }",
-                                                  "x + y",
-                                                  "\t"};
   const std::uint64_t seed = Seed(3);
   SCOPED_TRACE(Replay(seed));
   std::mt19937_64 random(seed);
   int answers = 0;
+  int errors = 0;
   for (int i = 0; i < 300; ++i) {
-    std::string statement = random() % 2 == 0 ? "x in { 1, 2 }, y in 3: " : "";
-    for (std::uint64_t n = random() % 7; n > 0; --n) {
-      statement += tokens[random() % tokens.size()] + (random() % 2 == 0 ? " " : "");
-    }
+    const std::string statement = NearlyValid(random);
     const CommandResult result = Calculate(statement);
     ASSERT_TRUE(result.exit_code == 0 || result.exit_code == 2) << statement << result.errors;
     ASSERT_EQ(result.errors.empty(), result.exit_code == 0) << statement;
     ASSERT_EQ(result.output.empty(), result.exit_code == 2) << statement;
-    answers += result.exit_code == 0 ? 1 : 0;
+    ++(result.exit_code == 0 ? answers : errors);
   }
   EXPECT_GT(answers, 0);
+  EXPECT_GT(errors, 0);
 }
 
 }  // namespace

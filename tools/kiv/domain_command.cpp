@@ -2,13 +2,12 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "framework/abstract_types/boolean.h"
 #include "framework/abstract_types/integer.h"
 #include "tools/kiv/commands.h"
-#include "tools/kiv/domain_statement.h"
+#include "tools/kiv/domain_call.h"
 
 namespace kiv {
 namespace {
@@ -19,50 +18,6 @@ struct DomainOptions {
   std::string statement;
   bool json = false;
 };
-
-// One call of an operation.
-struct DomainCall {
-  std::string receiver;
-  std::vector<std::string> arguments;
-  const DomainOperation& operation;
-  const DomainValue& target;
-  DomainObject before;
-  DomainObject after;
-  int result;
-};
-
-// Each call is on new objects, so that none sees what another did; a value that stands in several
-// places is one object.
-DomainCall CallOperation(const DomainStatement& statement, const DomainOperation& operation) {
-  std::vector<DomainObject> objects;
-  for (const DomainValue& value : statement.values) objects.push_back(value.Make());
-  std::vector<KivOmbiAny*> arguments;
-  std::vector<std::string> names;
-  for (const unsigned role : operation.roles) {
-    const std::size_t value = statement.operands[role];
-    arguments.push_back(&*objects[value]);
-    names.push_back(statement.values[value].name);
-  }
-  const std::size_t target = statement.operands[operation.target];
-  const int result = operation.call(arguments);
-  return {names.front(),
-          {names.begin() + 1, names.end()},
-          operation,
-          statement.values[target],
-          statement.values[target].Make(),
-          std::move(objects[target]),
-          result};
-}
-
-std::vector<DomainCall> CallAll(const DomainStatement& statement) {
-  std::vector<DomainCall> calls;
-  for (const DomainOperation& operation : statement.op->operations) {
-    if (statement.values[statement.operands[operation.target]].is_target) {
-      calls.push_back(CallOperation(statement, operation));
-    }
-  }
-  return calls;
-}
 
 std::string TextOf(const KivOmbiAny& domain) {
   Kivostrstream out;
@@ -135,7 +90,7 @@ ExitCode Calculate(const DomainOptions& options, const ModuleOptions& modules) {
     diagnostics.PrintOn(std::cerr);
     return kBadInput;
   }
-  const std::vector<DomainCall> calls = CallAll(*statement);
+  const std::vector<DomainCall> calls = CallOperations(*statement);
   options.json ? PrintJson(*statement, calls) : PrintText(calls);
   return kSolved;
 }

@@ -7,6 +7,7 @@
 #include "framework/abstract_types/boolean.h"
 #include "framework/abstract_types/integer.h"
 #include "solver/language/near_name.h"
+#include "tools/kiv/statement_cursor.h"
 
 namespace kiv {
 namespace {
@@ -14,28 +15,6 @@ namespace {
 constexpr const char* kDefaultKind = "enum int";
 constexpr const char* kBooleanKind = "bool";
 constexpr const char* kResultName = "result";
-
-// Ends the parsing; the text is wrong at this place.
-struct StatementError {
-  SourceRange range;
-  std::string text;
-  std::vector<std::string> notes;
-};
-
-bool IsBlank(char c) { return c == ' ' || ('\t' <= c && c <= '\r'); }
-bool IsDigit(char c) { return '0' <= c && c <= '9'; }
-char ToLower(char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-bool IsWordCharacter(char c) {
-  return IsDigit(c) || ('a' <= ToLower(c) && ToLower(c) <= 'z') || c == '_';
-}
-
-// The words that are values wherever an operand may stand.
-bool IsValueWord(std::string_view word) {
-  std::string lower(word);
-  std::ranges::transform(lower, lower.begin(), ToLower);
-  constexpr std::string_view kWords[] = {"any", "nil", "min", "max", "inf"};
-  return std::ranges::find(kWords, lower) != std::end(kWords);
-}
 
 bool IsOperatorWord(std::string_view word) {
   return std::ranges::find(GetDomainOperators(), word, &DomainOperator::symbol) !=
@@ -59,13 +38,13 @@ bool ReadLiteral(const std::string& literal, KivOmbiAny& object) {
 class Parser {
  public:
   Parser(const SourceText& source, const Vocabulary& vocabulary)
-      : source_(source), text_(source.GetText()), vocabulary_(vocabulary) {}
+      : source_(source), vocabulary_(vocabulary), cursor_(source.GetText()) {}
 
   DomainStatement Parse() {
     ParseDeclarations();
     ParseStatement();
-    if (!AtEnd()) {
-      throw StatementError{RangeOfRest(), "expected the end: one operation at a time", {}};
+    if (!cursor_.AtEnd()) {
+      throw StatementError{cursor_.RangeOfRest(), "expected the end: one operation at a time", {}};
     }
     return std::move(statement_);
   }
@@ -84,71 +63,6 @@ class Parser {
     SourceRange range;
   };
 
-  // Characters and words.
-  char Peek(std::size_t ahead = 0) const {
-    return position_ + ahead < text_.size() ? text_[position_ + ahead] : '\0';
-  }
-  void SkipBlanks() {
-    while (position_ < text_.size() && IsBlank(text_[position_])) ++position_;
-  }
-  bool AtEnd() {
-    SkipBlanks();
-    return position_ == text_.size();
-  }
-  SourceRange RangeFrom(std::size_t begin) const {
-    return {static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(position_)};
-  }
-  SourceRange RangeOfRest() const {
-    return {static_cast<std::uint32_t>(position_), static_cast<std::uint32_t>(text_.size())};
-  }
-  std::string TextOf(SourceRange range) const {
-    return std::string(text_.substr(range.begin, range.end - range.begin));
-  }
-  [[noreturn]] void Expect(const std::string& what) {
-    SkipBlanks();
-    throw StatementError{RangeFrom(position_), "expected " + what, {}};
-  }
-  bool Take(char c) {
-    SkipBlanks();
-    if (Peek() != c || AtEnd()) return false;
-    ++position_;
-    return true;
-  }
-  // The word ahead, which may be empty; nothing is consumed but blanks.
-  std::string_view PeekWord() {
-    SkipBlanks();
-    std::size_t end = position_;
-    while (end < text_.size() && IsWordCharacter(text_[end])) ++end;
-    return text_.substr(position_, end - position_);
-  }
-  std::string_view TakeWord() {
-    const std::string_view word = PeekWord();
-    position_ += word.size();
-    return word;
-  }
-  bool IsNameAhead() {
-    const std::string_view word = PeekWord();
-    return !word.empty() && !IsDigit(word[0]);
-  }
-
-  // The longest symbol ahead of an operator of which `is_meant` holds, or null; consumed if so.
-  template <class Predicate>
-  const DomainOperator* TakeOperator(Predicate is_meant) {
-    SkipBlanks();
-    const DomainOperator* longest = nullptr;
-    for (const DomainOperator& op : GetDomainOperators()) {
-      const bool is_ahead = IsWordCharacter(op.symbol[0])
-                                ? PeekWord() == op.symbol
-                                : text_.substr(position_).starts_with(op.symbol);
-      if (is_ahead && is_meant(op) &&
-          (longest == nullptr || op.symbol.size() > longest->symbol.size())) {
-        longest = &op;
-      }
-    }
-    if (longest != nullptr) position_ += longest->symbol.size();
-    return longest;
-  }
-
   // Kinds and values.
   const KivOmbiObjectDescriptor& FindKind(const std::string& name, SourceRange range) const {
     if (const auto* kind = vocabulary_.FindKind(name)) return *kind;
@@ -160,50 +74,24 @@ class Parser {
 
   // Words up to the word "in", or up to what is no word.
   const KivOmbiObjectDescriptor& ParseKind() {
-    SkipBlanks();
-    const std::size_t begin = position_;
+    cursor_.SkipBlanks();
+    const std::size_t begin = cursor_.Position();
     std::size_t end = begin;
     std::string name;
-    while (!PeekWord().empty() && PeekWord() != "in") {
-      name += (name.empty() ? "" : " ") + std::string(TakeWord());
-      end = position_;
+    while (!cursor_.PeekWord().empty() && cursor_.PeekWord() != "in") {
+      name += (name.empty() ? "" : " ") + std::string(cursor_.TakeWord());
+      end = cursor_.Position();
     }
-    if (name.empty()) Expect("a kind");
+    if (name.empty()) cursor_.Expect("a kind");
     return FindKind(name, {static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(end)});
   }
 
-  bool IsSignedNumberAhead() const {
-    if (Peek() != '-' && Peek() != '+') return false;
-    Parser after = *this;
-    ++after.position_;
-    if (IsBlank(after.Peek())) return false;
-    const std::string_view word = after.PeekWord();
-    return !word.empty() && (IsDigit(word[0]) || IsValueWord(word));
-  }
-
-  // The text of a value: up to the closing bracket, or a word with or without a sign.
-  SourceRange TakeLiteral() {
-    SkipBlanks();
-    const std::size_t begin = position_;
-    if (Peek() == '{' || Peek() == '[') {
-      const std::size_t end = text_.find(Peek() == '{' ? '}' : ']', begin);
-      if (end == std::string_view::npos) {
-        ++position_;
-        throw StatementError{RangeFrom(begin), "this bracket is never closed", {}};
-      }
-      position_ = end + 1;
-      return RangeFrom(begin);
-    }
-    if (IsSignedNumberAhead()) ++position_;
-    if (TakeWord().empty()) Expect("a value");
-    return RangeFrom(begin);
-  }
-
   std::size_t AddLiteral(const KivOmbiObjectDescriptor& kind, std::string name) {
-    const SourceRange range = TakeLiteral();
+    const SourceRange range = cursor_.TakeValue();
     const bool is_named = !name.empty();
-    DomainValue value{is_named ? std::move(name) : source_.Quote(range), TextOf(range), &kind,
-                      is_named};
+    DomainValue value{is_named ? std::move(name) : source_.Quote(range),
+                      std::string(source_.GetText().substr(range.begin, range.end - range.begin)),
+                      &kind, is_named};
     if (!ReadLiteral(value.literal, *DomainObject(kind))) {
       throw StatementError{
           range,
@@ -232,24 +120,24 @@ class Parser {
 
   // Declarations.
   bool IsDeclarationAhead() {
-    Parser ahead = *this;
+    StatementCursor ahead = cursor_;
     if (!ahead.IsNameAhead()) return false;
     ahead.TakeWord();
     return ahead.PeekWord() == "in" || ahead.Take(':');
   }
 
   void ParseDeclaration() {
-    if (!IsNameAhead()) Expect("a name");
-    const std::string name(TakeWord());
-    const SourceRange range = RangeFrom(position_ - name.size());
+    if (!cursor_.IsNameAhead()) cursor_.Expect("a name");
+    const std::string name(cursor_.TakeWord());
+    const SourceRange range = cursor_.RangeFrom(cursor_.Position() - name.size());
     if (IsReserved(name)) throw StatementError{range, "'" + name + "' cannot be a name", {}};
     if (FindVariable(name)) {
       throw StatementError{range, "'" + name + "' is declared already", {}};
     }
     const KivOmbiObjectDescriptor& kind =
-        Take(':') ? ParseKind() : *vocabulary_.FindKind(kDefaultKind);
-    if (PeekWord() != "in") Expect("'in' and a value");
-    TakeWord();
+        cursor_.Take(':') ? ParseKind() : *vocabulary_.FindKind(kDefaultKind);
+    if (cursor_.PeekWord() != "in") cursor_.Expect("'in' and a value");
+    cursor_.TakeWord();
     AddLiteral(kind, name);
   }
 
@@ -257,51 +145,50 @@ class Parser {
     if (!IsDeclarationAhead()) return;
     do {
       ParseDeclaration();
-    } while (Take(','));
-    if (!Take(':')) Expect("',' and a declaration, or ':' and an operation");
+    } while (cursor_.Take(','));
+    if (!cursor_.Take(':')) cursor_.Expect("',' and a declaration, or ':' and an operation");
   }
 
   // The statement.
   Operand ParseOperand() {
-    SkipBlanks();
-    const std::size_t begin = position_;
-    if (Take('(')) {
+    cursor_.SkipBlanks();
+    const std::size_t begin = cursor_.Position();
+    if (cursor_.Take('(')) {
       const KivOmbiObjectDescriptor& kind = ParseKind();
-      if (!Take(')')) Expect("')'");
+      if (!cursor_.Take(')')) cursor_.Expect("')'");
       const std::size_t value = AddLiteral(kind, "");
-      return {value, RangeFrom(begin)};
+      return {value, cursor_.RangeFrom(begin)};
     }
-    if (!IsNameAhead() || IsValueWord(PeekWord())) {
-      if (Peek() != '{' && Peek() != '[' && PeekWord().empty() && !IsSignedNumberAhead()) {
-        Expect("a name or a value");
-      }
+    if (cursor_.IsValueAhead()) {
       const std::size_t value = AddLiteral(*vocabulary_.FindKind(kDefaultKind), "");
-      return {value, RangeFrom(begin)};
+      return {value, cursor_.RangeFrom(begin)};
     }
-    const std::string name(TakeWord());
-    if (const auto value = FindVariable(name)) return {*value, RangeFrom(begin)};
-    throw StatementError{RangeFrom(begin),
+    if (!cursor_.IsNameAhead()) cursor_.Expect("a name or a value");
+    const std::string name(cursor_.TakeWord());
+    if (const auto value = FindVariable(name)) return {*value, cursor_.RangeFrom(begin)};
+    throw StatementError{cursor_.RangeFrom(begin),
                          "unknown name '" + name + "'" + SuggestNearName(name, GetVariableNames()),
                          {"names are declared in front, as in 'x in { 1, 2 }: x < 2'"}};
   }
 
   Side ParseSide() {
-    SkipBlanks();
-    const std::size_t begin = position_;
-    if (!IsSignedNumberAhead()) {
-      if (const auto* op = TakeOperator([](const DomainOperator& o) { return o.IsPrefix(); })) {
+    cursor_.SkipBlanks();
+    const std::size_t begin = cursor_.Position();
+    if (!cursor_.IsSignedNumberAhead()) {
+      if (const auto* op =
+              cursor_.TakeOperator([](const DomainOperator& o) { return o.IsPrefix(); })) {
         const Operand operand = ParseOperand();
-        return {op, {operand}, RangeFrom(begin)};
+        return {op, {operand}, cursor_.RangeFrom(begin)};
       }
     }
     const Operand left = ParseOperand();
     // The longest symbol of all decides: "<<" is not "<".
-    Parser ahead = *this;
+    StatementCursor ahead = cursor_;
     const auto* op = ahead.TakeOperator([](const DomainOperator& o) { return !o.IsPrefix(); });
     if (op == nullptr || !op->HasResult()) return {nullptr, {left}, left.range};
-    position_ = ahead.position_;
+    cursor_ = ahead;
     const Operand right = ParseOperand();
-    return {op, {left, right}, RangeFrom(begin)};
+    return {op, {left, right}, cursor_.RangeFrom(begin)};
   }
 
   void Apply(const DomainOperator& op, const std::vector<Operand>& operands) {
@@ -330,19 +217,20 @@ class Parser {
 
   void ParseStatement() {
     const Side left = ParseSide();
-    if (left.op != nullptr && AtEnd()) {
+    if (left.op != nullptr && cursor_.AtEnd()) {
       const char* kind = left.op->form == DomainOperator::kTruth ? kBooleanKind : kDefaultKind;
       statement_.values.push_back({kResultName, "", vocabulary_.FindKind(kind), true});
       return ApplyExpression(left, {statement_.values.size() - 1, left.range});
     }
-    SkipBlanks();
-    const std::size_t begin = position_;
-    const auto* relation = TakeOperator([](const DomainOperator& o) { return !o.IsPrefix(); });
+    cursor_.SkipBlanks();
+    const std::size_t begin = cursor_.Position();
+    const auto* relation =
+        cursor_.TakeOperator([](const DomainOperator& o) { return !o.IsPrefix(); });
     if (relation == nullptr) {
-      if (left.op == nullptr) Expect("an operator");
+      if (left.op == nullptr) cursor_.Expect("an operator");
       return;  // what follows is reported as one operation too many
     }
-    const SourceRange symbol = RangeFrom(begin);
+    const SourceRange symbol = cursor_.RangeFrom(begin);
     const Side right = ParseSide();
     if (left.op == nullptr && right.op == nullptr) {
       Apply(*relation, {left.operands[0], right.operands[0]});
@@ -363,9 +251,8 @@ class Parser {
   }
 
   const SourceText& source_;
-  std::string_view text_;
   const Vocabulary& vocabulary_;
-  std::size_t position_ = 0;
+  StatementCursor cursor_;
   DomainStatement statement_;
 };
 
