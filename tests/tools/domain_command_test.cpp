@@ -306,7 +306,7 @@ TEST(DomainCommand, EndsWithAnAnswerOrAnErrorWhateverIsWritten) {
   std::mt19937_64 random(seed);
   int answers = 0;
   int errors = 0;
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 120; ++i) {
     const std::string statement = NearlyValid(random);
     const CommandResult result = Calculate(statement);
     ASSERT_TRUE(result.exit_code == 0 || result.exit_code == 2) << statement << result.errors;
