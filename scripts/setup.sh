@@ -22,5 +22,5 @@ need() {
 
 # What it takes to compile Kiv itself.
 need_build_tools() {
-  need g++ cmake ninja-build ccache tao-pegtl-dev libcli11-dev
+  need g++ cmake ninja-build ccache tao-pegtl-dev libcli11-dev nlohmann-json3-dev
 }

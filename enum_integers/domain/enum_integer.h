@@ -71,6 +71,11 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
 
   // Text form: "Nil", "Any", a number, or "{ 1, 2 }"; the infinities are " Min" and " Max".
   void PrintOn(Kivostrstream& out) const override;
+  // Reads that, and "[1, 9]". An interval of sMAX_CARD integers or more is Any, and the widest, of
+  // 2^32, is Nil. A set is Any, its rest unread, when a value follows the sMAX_CARD-th. A wrong
+  // separator sets the stream's state to 2: a set is Nil then, an interval still what its bounds
+  // say. A value that finds no memory empties the domain, and those behind it are still read.
+  void InputValue(Kivistrstream& in) override;
 
   // States.
   int CheckAny() const { return values.Count() == 0 && anyFlag == 1; }

@@ -15,6 +15,28 @@ void PrintElement(Kivostrstream& out, std::int32_t value) {
   }
 }
 
+void ReadSeparator(Kivistrstream& in, char expected) {
+  char separator = '\0';
+  in >> ws >> separator;
+  if (separator != expected) in.Clear(Kivpstream::kFailure);
+}
+
+// Reads what follows the opening brace.
+void ReadSet(Kivistrstream& in, KivOmbEnumInteger& domain) {
+  domain.Nil();
+  char separator = '\0';
+  do {
+    const std::int32_t v = GetSIValue(in);
+    // As for insertion, a full domain takes not even its own values.
+    if (domain.Count() >= KivOmbEnumInteger::sMAX_CARD) return domain.Any();
+    if (domain.SimpleInsert(v) == 0) domain.Nil();
+    in >> ws >> separator;
+  } while (separator == ',');
+  if (separator == '}') return;
+  in.Clear(Kivpstream::kFailure);
+  domain.Nil();
+}
+
 }  // namespace
 
 void KivOmbEnumInteger::PrintOn(Kivostrstream& out) const {
@@ -32,5 +54,45 @@ void KivOmbEnumInteger::PrintOn(Kivostrstream& out) const {
       separator = ", ";
     }
     out << " }";
+  }
+}
+
+void KivOmbEnumInteger::InputValue(Kivistrstream& in) {
+  // The cap has no say in a single value, so this is no SetExactValue.
+  const auto become = [this](std::int32_t v) {
+    if (CheckDefined() && Contains(v) && anyFlag == 0) return;
+    Nil();
+    SimpleInsert(v);
+  };
+  switch (CheckNumString(in)) {
+    case kKivInterval: {
+      const std::int32_t lower = GetSIValue(in);
+      ReadSeparator(in, ',');
+      const std::int32_t upper = GetSIValue(in);
+      ReadSeparator(in, ']');
+      // In 32 bits the size of the widest interval is 0, which is below any cap.
+      const std::uint32_t size =
+          static_cast<std::uint32_t>(upper) - static_cast<std::uint32_t>(lower) + 1u;
+      if (lower > upper) return SetNilValue();
+      if (size >= sMAX_CARD) return Any();
+      return size == 0 ? SetNilValue() : BecomeRange(lower, upper);
+    }
+    case kKivMin:
+    case kKivMinusInfinity:
+      return become(KivOmbSingleInteger::sNC_INT_MIN);
+    case kKivMax:
+    case kKivPlusInfinity:
+      return become(KivOmbSingleInteger::sNC_INT_MAX);
+    case kKivAny:
+      return Any();
+    case kKivNil:
+      return SetNilValue();
+    case kKivSet:
+      return ReadSet(in, *this);
+    default: {
+      std::int32_t v = 0;
+      in >> v;
+      return become(v);
+    }
   }
 }

@@ -97,5 +97,40 @@ TEST_F(Documentation, EachModelOfTheLanguageIsFollowedByItsResult) {
   }
 }
 
+// The words of a command as a shell takes them: separated by blanks, or between single quotes.
+std::vector<std::string> SplitWords(const std::string& line) {
+  std::vector<std::string> words;
+  std::istringstream in(line);
+  while (in >> std::ws && in.peek() != std::istringstream::traits_type::eof()) {
+    std::string word;
+    if (in.peek() == '\'') {
+      in.get();
+      std::getline(in, word, '\'');
+    } else {
+      in >> word;
+    }
+    words.push_back(word);
+  }
+  return words;
+}
+
+TEST_F(Documentation, EachCommandOfTheDomainCalculatorGivesWhatItShows) {
+  const std::vector<Block> blocks = ReadBlocks("docs/domain_calculator.md");
+  ASSERT_GE(blocks.size(), 14u) << "the page lost its examples, or the test no longer finds them";
+  ASSERT_EQ(blocks.size() % 2, 0u);
+  for (std::size_t i = 0; i < blocks.size(); i += 2) {
+    SCOPED_TRACE("docs/domain_calculator.md:" + std::to_string(blocks[i].line));
+    ASSERT_EQ(blocks[i].tag, "sh");
+    std::vector<std::string> words = SplitWords(blocks[i].text);
+    ASSERT_EQ(words.at(0), "kiv");
+    words.erase(words.begin());
+    const CommandResult result = RunKiv(words);
+    const bool fails = blocks[i + 1].tag == "error";
+    EXPECT_EQ(fails ? result.errors : result.output, blocks[i + 1].text);
+    EXPECT_EQ(fails ? result.output : result.errors, "");
+    EXPECT_EQ(result.exit_code, fails ? 2 : 0);
+  }
+}
+
 }  // namespace
 }  // namespace kiv::test

@@ -13,5 +13,6 @@ void AddSolveCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& resu
 void AddPropagateCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
 void AddOperatorsCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
 void AddKindsCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
+void AddDomainCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
 
 }  // namespace kiv

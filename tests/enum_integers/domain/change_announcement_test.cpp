@@ -45,6 +45,11 @@ struct Case {
   Operation run;
 };
 
+void ReadFrom(const char* text, KivOmbEnumInteger& domain) {
+  Kivistrstream in(text);
+  domain.InputValue(in);
+}
+
 int RejectAll(const SubIntBase&, void*) { return 0; }
 
 // Each changes some of the domains below and leaves others.
@@ -87,6 +92,10 @@ const std::vector<Case> kOperations = {
      [](auto& d) {
        d.CalcSumValue(Set({2, 3}), Set({2, 3}));
      }},
+    {"InputValue of a value", [](auto& d) { ReadFrom("5", d); }},
+    {"InputValue of an interval", [](auto& d) { ReadFrom("[4, 6]", d); }},
+    {"InputValue of Any", [](auto& d) { ReadFrom("Any", d); }},
+    {"InputValue of Nil", [](auto& d) { ReadFrom("Nil", d); }},
     {"Bisect",
      [](auto& d) {
        KivOmbEnumInteger other;
@@ -122,6 +131,14 @@ TEST(ChangeAnnouncement, ComesBeforeTheFirstWriteAndOnlyForAChange) {
     }
     EXPECT_GT(changed, 0) << operation.name;
   }
+}
+
+// A set is built in place, so that reading needs no memory beside the domain's.
+TEST(ChangeAnnouncement, OfASetThatIsReadComesBeforeTheDomainIsEmptied) {
+  KivOmbEnumInteger domain = Set({1, 5, 9});
+  WatchingNetwork network(domain);
+  ReadFrom("{ 2, 3 }", domain);
+  EXPECT_EQ(network.before, "{ 1, 5, 9 }/0");
 }
 
 TEST(ChangeAnnouncement, OfAnInverseIsTheOperands) {

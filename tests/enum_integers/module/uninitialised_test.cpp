@@ -38,4 +38,17 @@ TEST(Uninitialised, SettingAValueOrABoundGivesAny) {
   EXPECT_EQ(domain.CheckAny(), 1);
 }
 
+TEST(Uninitialised, ReadingASetOrAnIntervalGivesAnyAndASingleValueIsKept) {
+  for (const char* text : {"{ 5 }", "[5, 6]", "[-2147483648, 2147483647]"}) {
+    KivOmbEnumInteger domain = NilSet();
+    Kivistrstream in(text);
+    domain.InputValue(in);
+    EXPECT_EQ(domain.CheckAny(), 1) << text;
+  }
+  KivOmbEnumInteger domain = NilSet();
+  Kivistrstream in("5");
+  domain.InputValue(in);
+  EXPECT_EQ(Text(domain), "5");
+}
+
 }  // namespace
