@@ -130,6 +130,20 @@ TEST_F(Network, AConstraintPostedAtALevelGoesOnAboveIt) {
   EXPECT_EQ(Text(x), "{ 1, 2, 3, 4 }");
 }
 
+TEST_F(Network, AConstraintPostedAtALevelRestsWhenALevelAboveItGoes) {
+  const auto x = Enum(Range(1, 5));
+  const auto y = Enum(Range(1, 5));
+  network_.Propagate();
+  network_.PushLevel();
+  PostEnum("<", x, y);
+  ASSERT_EQ(network_.Propagate(), Outcome::kFixpoint);
+  const auto runs = network_.GetStatistics().runs;
+  network_.PushLevel();
+  network_.PopLevel();
+  ASSERT_EQ(network_.Propagate(), Outcome::kFixpoint);
+  EXPECT_EQ(network_.GetStatistics().runs, runs);
+}
+
 TEST_F(Network, AnEntailedConstraintSleepsUntilItsLevelIsTakenBack) {
   const auto x = Enum(Range(1, 9));
   const auto y = Enum(Range(5, 20));
