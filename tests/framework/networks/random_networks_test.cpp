@@ -60,7 +60,7 @@ bool RandomConstraint(Random& random, const std::vector<Declared>& variables, Po
 
 TEST(RandomNetworks, SearchFindsTheSolutionsOfEnumeration) {
   const std::uint64_t first = Seed(100);
-  const std::uint64_t networks = std::getenv("KIV_SEED") != nullptr ? 1 : 4000;
+  const std::uint64_t networks = std::getenv("KIV_SEED") != nullptr ? 1 : 10000;
   std::size_t with_solutions = 0;
   for (std::uint64_t seed = first; seed < first + networks; ++seed) {
     SCOPED_TRACE(Replay(seed));
