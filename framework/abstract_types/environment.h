@@ -53,6 +53,14 @@ class KivOmbiObjectEnvironment {
         i, [&](KivOmbiAny& domain) { return narrow(static_cast<KivOmbiInteger&>(domain)); });
   }
 
+  // Changes a word of the running constraint's own state, which backtracking restores. What a
+  // constraint keeps elsewhere stays as it is when a level is taken back.
+  void SetWord(std::uint64_t& word, std::uint64_t value) const {
+    if (word == value) return;
+    network_.SaveWord(word);
+    word = value;
+  }
+
   // A domain of `kind` to compute with, made Any; valid until the next call with the same index.
   KivOmbiAny& Scratch(const KivOmbiObjectDescriptor& kind, unsigned index) const {
     auto& domain = static_cast<KivOmbiAny&>(network_.Scratch(kind, index));

@@ -19,6 +19,9 @@ class KIV_EXPORT KivOmbiNetwork {
   virtual void WillChange(std::uint32_t variable) = 0;
   // The domain of `variable` was written: brings its summary up to date and wakes whom it concerns.
   virtual void Refresh(std::uint32_t variable) = 0;
+  // `word` belongs to an object of the network and is about to change; it becomes what it is now
+  // when the current level is taken back.
+  virtual void SaveWord(std::uint64_t& word) = 0;
   // An object of `kind` to compute with, one for each `index` below kScratchObjects; its value is
   // whatever its last user left.
   virtual KivOmbiObject& Scratch(const KivOmbiObjectDescriptor& kind, unsigned index) = 0;

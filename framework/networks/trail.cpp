@@ -13,7 +13,7 @@ std::size_t Aligned(std::size_t size) {
 }  // namespace
 
 void KivOmbiTrail::PushLevel() {
-  levels_.push_back({entries_.size(), states_.size(), ++last_stamp_});
+  levels_.push_back({entries_.size(), states_.size(), words_.size(), ++last_stamp_});
 }
 
 std::size_t KivOmbiTrail::SaveDomain(std::uint32_t number, KivOmbiVariable& variable) {
@@ -28,6 +28,10 @@ std::size_t KivOmbiTrail::SaveDomain(std::uint32_t number, KivOmbiVariable& vari
 
 void KivOmbiTrail::SaveEntailment(std::uint32_t constraint) {
   entries_.push_back({constraint, false, {}, 0, 0});
+}
+
+void KivOmbiTrail::SaveWord(std::uint64_t& word) {
+  if (!levels_.empty()) words_.push_back({&word, word});
 }
 
 void KivOmbiTrail::RestoreDomain(const Entry& entry, KivOmbiVariable& variable) {

@@ -8,7 +8,8 @@
 #include "framework/base/export.h"
 
 // What it takes to go back: for each open level the domains that were written in it, as they were
-// before, and the constraints that were found entailed. A domain is saved at its first write of a
+// before, the constraints that were found entailed, and the words of their own that constraints
+// changed. A domain is saved at its first write of a
 // level only, so a level costs what it changed. Room once made is kept: in the steady state of a
 // search nothing is allocated.
 class KIV_EXPORT KivOmbiTrail {
@@ -22,6 +23,8 @@ class KIV_EXPORT KivOmbiTrail {
   // Saves the domain of a variable; returns the number of bytes.
   std::size_t SaveDomain(std::uint32_t number, KivOmbiVariable& variable);
   void SaveEntailment(std::uint32_t constraint);
+  // Saves a word of memory that outlives the level. Does nothing outside all levels.
+  void SaveWord(std::uint64_t& word);
   // Restores the domains of the last level, latest first, and calls `revive(constraint)` for each
   // entailment. Throws std::bad_alloc when a domain finds no memory.
   template <class Revive>
@@ -36,6 +39,9 @@ class KIV_EXPORT KivOmbiTrail {
       }
       entries_.pop_back();
     }
+    for (; words_.size() > level.words; words_.pop_back()) {
+      *words_.back().address = words_.back().value;
+    }
     states_.resize(level.states);
     levels_.pop_back();
   }
@@ -44,6 +50,7 @@ class KIV_EXPORT KivOmbiTrail {
   struct Level {
     std::size_t entries;
     std::size_t states;
+    std::size_t words;
     std::uint64_t stamp;
   };
   struct Entry {
@@ -54,10 +61,16 @@ class KIV_EXPORT KivOmbiTrail {
     std::size_t state;       // where in states_
   };
 
+  struct Word {
+    std::uint64_t* address;
+    std::uint64_t value;  // before
+  };
+
   void RestoreDomain(const Entry& entry, KivOmbiVariable& variable);
 
   std::vector<Level> levels_;
   std::vector<Entry> entries_;
   std::vector<std::byte> states_;
+  std::vector<Word> words_;
   std::uint64_t last_stamp_ = 0;
 };

@@ -80,5 +80,26 @@ TEST_F(TrailCost, ALevelWithoutChangesCostsNothing) {
   EXPECT_EQ(trail.GetLevel(), 1u);
 }
 
+TEST_F(TrailCost, AWordComesBackAsItWasWhenTheLevelOpened) {
+  KivOmbiTrail trail;
+  std::vector<KivOmbiVariable> none;
+  const auto pop = [&] { trail.PopLevel(none, [](std::uint32_t) {}); };
+  std::uint64_t word = 1;
+  const auto set = [&](std::uint64_t value) {
+    trail.SaveWord(word);
+    word = value;
+  };
+  set(2);  // outside all levels: for good
+  trail.PushLevel();
+  set(3);
+  set(4);
+  trail.PushLevel();
+  set(5);
+  pop();
+  EXPECT_EQ(word, 4u);
+  pop();
+  EXPECT_EQ(word, 2u);
+}
+
 }  // namespace
 }  // namespace kiv::test

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+
+#include "framework/base/export.h"
+
+// Bounds reasoning: what the bounds of some integers tell of the bounds of others.
+namespace kiv {
+
+// A closed range of integers, empty when lower > upper. A bound of kUnbounded or more, either way,
+// is no bound. Sums and differences of two bounds do not overflow.
+struct Hull {
+  static constexpr std::int64_t kUnbounded = std::int64_t{1} << 60;
+
+  std::int64_t lower;
+  std::int64_t upper;
+
+  constexpr bool IsEmpty() const noexcept { return lower > upper; }
+  constexpr bool Contains(std::int64_t value) const noexcept {
+    return lower <= value && value <= upper;
+  }
+  friend constexpr bool operator==(const Hull&, const Hull&) = default;
+};
+
+inline constexpr Hull kEmptyHull{Hull::kUnbounded, -Hull::kUnbounded};
+
+// The common part.
+KIV_EXPORT Hull Intersection(const Hull& a, const Hull& b);
+// The least hull around both.
+KIV_EXPORT Hull Union(const Hull& a, const Hull& b);
+
+// Forward: the least hull of all values of z = f(x, y) for x and y in their hulls; empty when there
+// are none. Infinite where an operand is, unless the operation bounds it. All take constant time.
+KIV_EXPORT Hull Sum(const Hull& x, const Hull& y);
+KIV_EXPORT Hull Difference(const Hull& x, const Hull& y);
+KIV_EXPORT Hull Negation(const Hull& x);
+KIV_EXPORT Hull Product(const Hull& x, const Hull& y);
+// Truncating toward zero; a divisor 0 has no quotient.
+KIV_EXPORT Hull TruncatedQuotient(const Hull& x, const Hull& y);
+// With the sign of x; a modulus 0 has no remainder. May be wider than the least hull: a range of
+// dividends that spans a multiple of a modulus is taken to give every remainder.
+KIV_EXPORT Hull Remainder(const Hull& x, const Hull& y);
+KIV_EXPORT Hull Minimum(const Hull& x, const Hull& y);
+KIV_EXPORT Hull Maximum(const Hull& x, const Hull& y);
+KIV_EXPORT Hull Absolute(const Hull& x);
+KIV_EXPORT Hull Sign(const Hull& x);
+// x ^ y as PowerOf in framework/intervals/power.h has it; not clamped to the range of integers.
+KIV_EXPORT Hull Power(const Hull& x, const Hull& y);
+
+// Inverse: `x` (or `y`) without the ends that no other operands complete to a solution.
+// z = x * y. Each end that stays has a real number y, not always an integer, beside it.
+KIV_EXPORT Hull Factor(const Hull& x, const Hull& y, const Hull& z);
+// z = x div y, truncating, y <> 0.
+KIV_EXPORT Hull TruncatedDividend(const Hull& x, const Hull& y, const Hull& z);
+KIV_EXPORT Hull TruncatedDivisor(const Hull& x, const Hull& y, const Hull& z);
+// z = x mod y, y <> 0.
+KIV_EXPORT Hull Dividend(const Hull& x, const Hull& y, const Hull& z);
+KIV_EXPORT Hull Modulus(const Hull& x, const Hull& y, const Hull& z);
+// z = min(x, y) and z = max(x, y).
+KIV_EXPORT Hull MinimumOperand(const Hull& x, const Hull& y, const Hull& z);
+KIV_EXPORT Hull MaximumOperand(const Hull& x, const Hull& y, const Hull& z);
+// z = abs(x), s = sign(x).
+KIV_EXPORT Hull AbsoluteOperand(const Hull& x, const Hull& z);
+KIV_EXPORT Hull SignOperand(const Hull& x, const Hull& s);
+// z = x ^ y.
+KIV_EXPORT Hull Base(const Hull& x, const Hull& y, const Hull& z);
+KIV_EXPORT Hull Exponent(const Hull& x, const Hull& y, const Hull& z);
+
+}  // namespace kiv
