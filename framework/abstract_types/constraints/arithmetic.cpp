@@ -23,14 +23,6 @@ const KivOmbiOperatorConstraintDescriptor<KivOmbiMinimumConstraint> minimum(
 const KivOmbiOperatorConstraintDescriptor<KivOmbiMaximumConstraint> maximum(
     "KivOmbiMaximumConstraint", kArguments, 0, false);
 
-// The hulls of a + b and a - b.
-kiv::Hull Sum(const kiv::Hull& a, const kiv::Hull& b) {
-  return {a.lower + b.lower, a.upper + b.upper};
-}
-kiv::Hull Difference(const kiv::Hull& a, const kiv::Hull& b) {
-  return {a.lower - b.upper, a.upper - b.lower};
-}
-
 }  // namespace
 
 const KivOmbiObjectDescriptor* const KivOmbiAdditionConstraint::sDescriptor = &addition;
@@ -43,16 +35,17 @@ KivOmbiAdditionConstraint::~KivOmbiAdditionConstraint() = default;
 std::int64_t KivOmbiAdditionConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                std::int64_t) {
   const auto hull = [&](unsigned i) { return kiv::HullOf(environment.Summary(i)); };
-  if (const auto result =
-          kiv::NarrowByOperation(environment, GetCarrier(), kZ, kX, kY, Sum(hull(kX), hull(kY)),
-                                 [](KivOmbiInteger& z, const KivOmbiInteger& x,
-                                    const KivOmbiInteger& y) { return z.CalcSumValue(x, y); })) {
+  if (const auto result = kiv::NarrowByOperation(
+          environment, GetCarrier(), kZ, kX, kY, kiv::Sum(hull(kX), hull(kY)),
+          [](KivOmbiInteger& z, const KivOmbiInteger& x, const KivOmbiInteger& y) {
+            return z.CalcSumValue(x, y);
+          })) {
     return result;
   }
   // The sum is symmetric, so that one inverse serves both terms.
   for (const auto& [term, other] : {std::pair{kX, kY}, std::pair{kY, kX}}) {
     if (const auto result = kiv::NarrowByOperation(
-            environment, GetCarrier(), term, kZ, other, Difference(hull(kZ), hull(other)),
+            environment, GetCarrier(), term, kZ, other, kiv::Difference(hull(kZ), hull(other)),
             [](KivOmbiInteger& x, const KivOmbiInteger& z, const KivOmbiInteger& y) {
               return z.CalcFirstInverseSumValue(x, y);
             })) {

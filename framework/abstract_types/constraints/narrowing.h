@@ -4,6 +4,7 @@
 
 #include "framework/abstract_types/constraint.h"
 #include "framework/abstract_types/environment.h"
+#include "framework/intervals/hull.h"
 
 // The steps by which constraints narrow arguments of whatever kinds without losing a solution. Each
 // returns KivOmbiFilterResult bits of which kKivContradiction and kKivOverflow end the run and 0
@@ -13,24 +14,14 @@
 // - An operand of another kind is first converted, by CalcEqualValue on an Any domain of the wanted
 //   kind; a kind's Assign may lose everything.
 // - A kind that cannot hold the operand (an interval of a million values, say) leaves the
-// conversion
-//   Any; then the bounds of the operands still tell the bounds of the target.
+//   conversion Any; then the bounds of the operands still tell the bounds of the target.
 // - The strict order of a kind may cut one value too many, so that strict bounds are set as weak
-// ones
-//   of the neighbouring integer.
+//   ones of the neighbouring integer.
 // - Bounds at the ends of the integers stand for "no bound", and a set of candidates that holds
-// such
-//   an end is only a part of what is possible: an unknown target stays unknown.
+//   such an end is only a part of what is possible: an unknown target stays unknown.
 namespace kiv {
 
-// A closed range of 64-bit integers; a bound of kUnbounded or more, either way, is no bound. Sums
-// and differences of two hulls do not overflow.
-struct Hull {
-  static constexpr std::int64_t kUnbounded = std::int64_t{1} << 60;
-  std::int64_t lower;
-  std::int64_t upper;
-};
-
+// A bound at an end of the integers is none. Of a Nil domain the hull is empty.
 KIV_EXPORT Hull HullOf(const KivOmbiDomainSummary& summary);
 
 // Argument i >= bound, and <= bound. A bound at or beyond the end of the integers is none, unless
