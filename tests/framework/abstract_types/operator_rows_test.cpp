@@ -156,7 +156,7 @@ TEST(OperatorRows, EveryRowIsKnownHereAndEveryConstraintClassHasARow) {
       EXPECT_TRUE(served.contains(descriptor->GetName())) << descriptor->GetName();
     }
   }
-  EXPECT_EQ(served.size(), 18u);
+  EXPECT_EQ(served.size(), 24u);
 }
 
 TEST(OperatorRows, SearchFindsTheSolutionsOfEnumeration) {
