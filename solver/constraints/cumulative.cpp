@@ -56,13 +56,15 @@ Cumulative::Cumulative(unsigned tasks)
 
 std::int64_t Cumulative::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   if (const auto result = ExcludeNegative(environment)) return result;
+  // What becomes fixed further on is not in the profile of this run.
+  const bool is_decided = environment.AllFixed() || FitAllAtOnce(environment);
   BuildProfile(environment);
   if (const auto result = TightenLower(environment, Capacity(), profile_.Peak())) return result;
   for (unsigned task = 0; task < tasks_; ++task) {
     if (const auto result = NarrowTask(environment, task)) return result;
   }
   if (IsOverloaded(environment)) return kKivContradiction;
-  return IsEntailed(environment) ? kKivEntailed : 0;
+  return is_decided ? kKivEntailed : 0;
 }
 
 KivOmbiFilterResult Cumulative::ExcludeNegative(const KivOmbiObjectEnvironment& environment) const {
@@ -195,9 +197,8 @@ bool Cumulative::IsOverloaded(const KivOmbiObjectEnvironment& environment) {
   return false;
 }
 
-// Everything is known, or all tasks fit in at once.
-bool Cumulative::IsEntailed(const KivOmbiObjectEnvironment& environment) const {
-  if (environment.AllFixed()) return true;
+// Whether the tasks fit in at once, whatever their demands.
+bool Cumulative::FitAllAtOnce(const KivOmbiObjectEnvironment& environment) const {
   std::int64_t demands = 0;
   for (unsigned i = tasks_; i <= Capacity(); ++i) {
     if (environment.Summary(i).lower < 0) return false;

@@ -45,7 +45,7 @@ class KIV_EXPORT Cumulative final : public KivOmbiConstraint {
   KivOmbiFilterResult NarrowDemand(const KivOmbiObjectEnvironment& environment,
                                    unsigned task) const;
   bool IsOverloaded(const KivOmbiObjectEnvironment& environment);
-  bool IsEntailed(const KivOmbiObjectEnvironment& environment) const;
+  bool FitAllAtOnce(const KivOmbiObjectEnvironment& environment) const;
 
   unsigned tasks_;
   ResourceProfile profile_;

@@ -109,7 +109,9 @@ TEST(Junction, StandsUnderBruteForce) {
     for (int count = Pick(random, 0, 6); count >= 0; --count) random_case.AddBoolean(6);
     return random_case.Finish(
         which == Junction::kAll ? "all" : "any", Strength::kDomain,
-        [=](KivOmbNetwork& network, auto arguments) { network.Emplace<Junction>(arguments, which); },
+        [=](KivOmbNetwork& network, auto arguments) {
+          network.Emplace<Junction>(arguments, which);
+        },
         [=](const Assignment& values) {
           const auto true_ones = std::accumulate(values.begin() + 1, values.end(), std::int64_t{0});
           const auto all = static_cast<std::int64_t>(values.size()) - 1;

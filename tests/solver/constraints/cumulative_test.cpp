@@ -26,7 +26,8 @@ bool IsFeasible(const Assignment& values) {
   for (std::int64_t time = first; time <= last; ++time) {
     std::int64_t in_use = 0;
     for (std::size_t i = 0; i < tasks; ++i) {
-      if (values[i] <= time && time < values[i] + values[tasks + i]) in_use += values[2 * tasks + i];
+      if (values[i] <= time && time < values[i] + values[tasks + i])
+        in_use += values[2 * tasks + i];
     }
     if (in_use > values.back()) return false;
   }

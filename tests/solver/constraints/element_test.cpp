@@ -34,9 +34,9 @@ ConstraintCase ConstantsCase(RandomCase& random_case, const Values& elements, st
 
 TEST(ElementOfConstants, StandsUnderBruteForce) {
   CheckRandomCases(3000, [](Generator& random) {
-    const Values pool = OneIn(random, 5) ? Values{-2147483646, -2147483645, 0, 2147483645,
-                                                  2147483646}
-                                         : Range(-5, 6);
+    const Values pool = OneIn(random, 5)
+                            ? Values{-2147483646, -2147483645, 0, 2147483645, 2147483646}
+                            : Range(-5, 6);
     Values elements;
     for (int count = Pick(random, 0, 9); count > 0; --count) {
       elements.push_back(PickOf(random, pool));
@@ -151,11 +151,10 @@ TEST(ElementOfVariables, StandsUnderBruteForce) {
 
 TEST(ElementOfVariables, AnUnknownElementTakesTheUnionOfThoseThatMayBeMeant) {
   KivOmbNetwork network;
-  const VariableId arguments[] = {Declare(network, {Kind("enum int"), {1, 3}}),
-                                  Declare(network, {Kind("enum int"), {}}),
-                                  Declare(network, {Kind("enum int"), {1, 7}}),
-                                  Declare(network, {Kind("enum int"), {4}}),
-                                  Declare(network, {Kind("interval int"), Range(5, 7)})};
+  const VariableId arguments[] = {
+      Declare(network, {Kind("enum int"), {1, 3}}), Declare(network, {Kind("enum int"), {}}),
+      Declare(network, {Kind("enum int"), {1, 7}}), Declare(network, {Kind("enum int"), {4}}),
+      Declare(network, {Kind("interval int"), Range(5, 7)})};
   network.Emplace<ElementOfVariables>(arguments, 1);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, 1), "{ 1, 5, 6, 7 }");

@@ -32,7 +32,9 @@ TEST(Extremum, StandsUnderBruteForce) {
     }
     return random_case.Finish(
         which == Extremum::kLeast ? "least" : "greatest", Strength::kDomain,
-        [=](KivOmbNetwork& network, auto arguments) { network.Emplace<Extremum>(arguments, which); },
+        [=](KivOmbNetwork& network, auto arguments) {
+          network.Emplace<Extremum>(arguments, which);
+        },
         [=](const Assignment& values) {
           std::vector<std::int64_t> sorted(values.begin() + 1, values.end());
           std::ranges::sort(sorted);

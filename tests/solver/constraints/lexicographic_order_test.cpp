@@ -45,7 +45,8 @@ TEST(LexicographicOrder, StandsUnderBruteForce) {
 }
 
 KivOmbNetwork::Outcome Compare(KivOmbNetwork& network, const std::vector<Values>& x,
-                               const std::vector<Values>& y, LexicographicOrder::Equality equality) {
+                               const std::vector<Values>& y,
+                               LexicographicOrder::Equality equality) {
   std::vector<VariableId> arguments;
   for (const auto& vector : {x, y}) {
     for (const Values& values : vector) {

@@ -34,8 +34,7 @@ TEST(ReifiedMembership, StandsUnderBruteForce) {
 }
 
 // The text of the truth, and that of x once the truth is `set_to`.
-Texts Decide(const char* kind, const Values& domain,
-                                           const Values& values, int set_to) {
+Texts Decide(const char* kind, const Values& domain, const Values& values, int set_to) {
   KivOmbNetwork network;
   const VariableId arguments[] = {Declare(network, {Kind(kind), domain}),
                                   Declare(network, {Kind("bool"), {}})};
