@@ -4,6 +4,7 @@
 #include "framework/abstract_types/constraints/boolean_relations.h"
 #include "framework/abstract_types/constraints/connectives.h"
 #include "framework/abstract_types/constraints/relations.h"
+#include "framework/abstract_types/constraints/truncating_division.h"
 #include "framework/abstract_types/constraints/unary.h"
 #include "framework/abstract_types/integer.h"
 #include "framework/calculator/module_manager.h"
@@ -40,6 +41,7 @@ extern "C" KIV_EXPORT int InitModule(KivOmbiModule* module, KivOmbiModuleManager
            KivOmbiImplicationConstraint::sDescriptor,
            KivOmbiExclusiveOrConstraint::sDescriptor,
            KivOmbiBooleanNegationConstraint::sDescriptor,
+           KivOmbiTruncatingDivisionConstraint::sDescriptor,
        }) {
     module->AddObjectDescriptor(descriptor);
   }

@@ -2,6 +2,7 @@
 #include "framework/abstract_types/constraints/boolean_relations.h"
 #include "framework/abstract_types/constraints/connectives.h"
 #include "framework/abstract_types/constraints/relations.h"
+#include "framework/abstract_types/constraints/truncating_division.h"
 #include "framework/abstract_types/constraints/unary.h"
 #include "framework/abstract_types/operator_factories.h"
 #include "framework/calculator/module_manager.h"
@@ -50,6 +51,7 @@ void AddOperators(KivOmbiModule& module, const Kinds& kinds) {
   binary(plain, "*", KivOmbiMultiplicationConstraint::sDescriptor);
   binary(plain, "^", KivOmbiPowerConstraint::sDescriptor);
   binary(plain, "mod", KivOmbiRemainderConstraint::sDescriptor);
+  binary(plain, "div", KivOmbiTruncatingDivisionConstraint::sDescriptor);
   binary(plain, "/\\", KivOmbiMinimumConstraint::sDescriptor);
   binary(plain, "\\/", KivOmbiMaximumConstraint::sDescriptor);
   inverse(first_inverse, "-", carrier, KivOmbiAdditionConstraint::sDescriptor);
