@@ -29,7 +29,7 @@ class SolutionPrinter {
 
   // False when enough was printed.
   bool Print(const SearchLeaf& leaf) {
-    model_.PrintOn(std::cout);
+    model_.PrintSolutionOn(std::cout);
     std::cout << (leaf.complete ? "----------\n" : "~~~~~~~~~~\n");
     FlushOutput();
     if (leaf.complete) {
