@@ -34,7 +34,7 @@ TEST(SyntaxErrors, SayWhatWasExpectedAndWhatIsThere) {
   EXPECT_EQ(FirstLine("x = 1 y = 2; solve;"),
             "m.kiv:1:7: error: expected an operator or ';', found 'y'");
   EXPECT_EQ(FirstLine("x : enum int [1, 3]; solve;"),
-            "m.kiv:1:15: error: expected '=' and a domain, or ';', found '['");
+            "m.kiv:1:14: error: expected '=' and a domain, or ';', found '['");
   EXPECT_EQ(
       FirstLine("x : enum int = ; solve;"),
       "m.kiv:1:16: error: expected a domain: a value, a..b, { ... }, [ ... ] or Any, found ';'");
