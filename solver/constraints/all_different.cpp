@@ -3,9 +3,6 @@
 #include <numeric>
 #include <utility>
 
-#include "framework/abstract_types/constraints/narrowing.h"
-#include "solver/constraints/value_sets.h"
-
 namespace kiv {
 
 namespace {
@@ -29,17 +26,6 @@ void AllDifferent::Prepare(const KivOmbiObjectEnvironment& environment) {
   contradictory_ = FindRepetition(environment, offsets_).of_terms;
 }
 
-KivOmbiFilterResult AllDifferent::Exclude(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                          std::int64_t term) {
-  const std::int64_t excluded = term - OffsetOf(offsets_, i);
-  const KivOmbiDomainSummary before = environment.Summary(i);
-  if (excluded < before.lower || excluded > before.upper) return 0;
-  const auto value = static_cast<std::int32_t>(excluded);
-  if (const auto result = RemoveValue(environment, i, value)) return result;
-  if (environment.Summary(i) == before && environment.Integer(i).MayBe(value)) stuck_.Mark(i);
-  return 0;
-}
-
 // A removal can fix an argument, and can move the bound of another to a value that it could not
 // lose before; so all is tried again until nothing changes.
 std::int64_t AllDifferent::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
@@ -50,25 +36,35 @@ std::int64_t AllDifferent::Filter(const KivOmbiObjectEnvironment& environment, s
     return environment.Summary(i).lower + OffsetOf(offsets_, i);
   };
   std::uint64_t settled = settled_;
+  const auto exclude = [&](unsigned i, std::int64_t excluded) {
+    return stuck_.Remove(environment, i, excluded - OffsetOf(offsets_, i));
+  };
+  const auto exclude_settled_from = [&](unsigned i) -> KivOmbiFilterResult {
+    for (std::uint64_t k = 0; k < settled; ++k) {
+      if (const auto result = exclude(i, term(order_[k]))) return result;
+    }
+    return 0;
+  };
   for (bool changed = true; changed;) {
     changed = false;
-    for (std::uint64_t k = settled; k < order_.size(); ++k) {
-      if (!environment.Summary(order_[k]).IsFixed()) continue;
-      const unsigned fixed = order_[k];
-      std::swap(order_[k], order_[settled++]);
-      for (std::uint64_t m = settled; m < order_.size(); ++m) {
-        if (const auto result = Exclude(environment, order_[m], term(fixed))) return result;
-      }
-      changed = true;
-    }
     for (std::uint64_t m = settled; m < order_.size(); ++m) {
       const unsigned i = order_[m];
       if (!stuck_.Has(i)) continue;
       const KivOmbiDomainSummary before = environment.Summary(i);
-      for (std::uint64_t k = 0; k < settled; ++k) {
-        if (const auto result = Exclude(environment, i, term(order_[k]))) return result;
-      }
+      if (const auto result = exclude_settled_from(i)) return result;
       changed |= environment.Summary(i) != before;
+    }
+    for (std::uint64_t k = settled; k < order_.size(); ++k) {
+      const unsigned fixed = order_[k];
+      if (!environment.Summary(fixed).IsFixed()) continue;
+      if (stuck_.Has(fixed)) {
+        if (const auto result = exclude_settled_from(fixed)) return result;
+      }
+      std::swap(order_[k], order_[settled++]);
+      for (std::uint64_t m = settled; m < order_.size(); ++m) {
+        if (const auto result = exclude(order_[m], term(fixed))) return result;
+      }
+      changed = true;
     }
   }
   environment.SetWord(settled_, settled);

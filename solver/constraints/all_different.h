@@ -25,8 +25,6 @@ class KIV_EXPORT AllDifferent final : public KivOmbiConstraint {
 
  private:
   void Prepare(const KivOmbiObjectEnvironment& environment);
-  KivOmbiFilterResult Exclude(const KivOmbiObjectEnvironment& environment, unsigned i,
-                              std::int64_t term);
 
   TermOffsets offsets_;
   bool contradictory_ = false;  // two terms are one

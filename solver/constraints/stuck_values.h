@@ -3,7 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "framework/calculator/domain_summary.h"
+#include "framework/abstract_types/constraint.h"
+#include "framework/abstract_types/environment.h"
 
 namespace kiv {
 
@@ -14,12 +15,16 @@ namespace kiv {
 class StuckValues {
  public:
   void Resize(unsigned arguments) { stuck_.resize(arguments, 0); }
-  void Mark(unsigned i) { stuck_[i] = 1; }
   bool Has(unsigned i) const { return stuck_[i] != 0; }
-  // The events that must wake a constraint, and whether those of argument i really do.
+
+  // Argument i <> value. Marks the argument when it still may be.
+  KivOmbiFilterResult Remove(const KivOmbiObjectEnvironment& environment, unsigned i,
+                             std::int64_t value);
+
+  // The events that may wake a constraint, and whether those of argument i must. Before its first
+  // run the constraint waits for it anyway.
   static constexpr std::int64_t kWakingEvents = kKivFixed | kKivBounds;
   bool MustWake(unsigned i, std::int64_t events) const {
-    // Before its first run the constraint waits for it anyway.
     return (events & kKivFixed) != 0 || stuck_.empty() || Has(i);
   }
 
