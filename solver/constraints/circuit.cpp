@@ -20,8 +20,10 @@ void Circuit::ActivateByArgument(unsigned index, std::int64_t events, KivOmbiNet
 std::int64_t Circuit::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   const unsigned places = environment.Count();
   if (places == 0) return kKivAtFixpoint | kKivEntailed;
+  // A place whose number no variable can hold leads nowhere.
+  if (!IsValue(first_) || !IsValue(std::int64_t{first_} + places - 1)) return kKivContradiction;
   const auto value_of = [&](unsigned place) {
-    return static_cast<std::int32_t>(first_ + static_cast<std::int64_t>(place));
+    return static_cast<std::int32_t>(std::int64_t{first_} + place);
   };
   const bool all_fixed = environment.AllFixed();
   stuck_.Resize(places);

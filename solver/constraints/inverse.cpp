@@ -66,6 +66,11 @@ KivOmbiFilterResult Inverse::Channel(const KivOmbiObjectEnvironment& environment
 std::int64_t Inverse::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   const unsigned count = environment.Count();
   if (count != 2 * static_cast<unsigned>(places_)) return kKivContradiction;
+  if (count == 0) return kKivAtFixpoint | kKivEntailed;
+  // A place whose number no variable can hold is nobody's.
+  for (const std::int64_t index : {f_index_, g_index_}) {
+    if (!IsValue(index) || !IsValue(index + places_ - 1)) return kKivContradiction;
+  }
   if (all_changed_) {
     is_changed_.assign(count, 1);
     changed_.resize(count);

@@ -17,7 +17,7 @@ const KivOmbiConstraintDescriptor descriptor("kiv::Subcircuit", 0, 0, true);
 Subcircuit::Subcircuit(std::int32_t first) : KivOmbiConstraint(&descriptor), first_(first) {}
 
 std::int32_t Subcircuit::ValueOf(unsigned place) const {
-  return static_cast<std::int32_t>(first_ + static_cast<std::int64_t>(place));
+  return static_cast<std::int32_t>(std::int64_t{first_} + place);
 }
 
 bool Subcircuit::MustBeIn(const KivOmbiObjectEnvironment& environment, unsigned place) const {
@@ -36,6 +36,8 @@ KivOmbiFilterResult Subcircuit::LeaveOutOthers(const KivOmbiObjectEnvironment& e
 std::int64_t Subcircuit::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   const unsigned places = environment.Count();
   if (places == 0) return kKivAtFixpoint | kKivEntailed;
+  // A place whose number no variable can hold leads nowhere.
+  if (!IsValue(first_) || !IsValue(std::int64_t{first_} + places - 1)) return kKivContradiction;
   const bool all_fixed = environment.AllFixed();
   unsigned must_be_in = 0;
   for (unsigned i = 0; i < places; ++i) {
