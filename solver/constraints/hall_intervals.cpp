@@ -15,10 +15,9 @@ unsigned FollowUp(const std::vector<unsigned>& steps, unsigned place) {
   return place;
 }
 
-// Lets all places on the way from `from` to `to` step to `target` at once.
+// Lets the places on the way from `from` to `to`, which is left as it is, step to `target` at once.
 void Shorten(std::vector<unsigned>& steps, unsigned from, unsigned to, unsigned target) {
   while (from != to) from = std::exchange(steps[from], target);
-  steps[to] = target;
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <span>
 #include <vector>
 
+#include "framework/base/export.h"
+
 namespace kiv {
 
 // Bounds consistency of pairwise different integers, each in an interval of its own.
@@ -12,7 +14,7 @@ namespace kiv {
 // every other interval that starts or ends in it is cut at its end. The cuts are found as in
 // A. Lopez-Ortiz, C.-G. Quimper, J. Tromp, P. van Beek, "A fast and simple algorithm for bounds
 // consistency of the alldifferent constraint" (IJCAI 2003), in O(n log n).
-class HallIntervals {
+class KIV_EXPORT HallIntervals {
  public:
   // Bounds within [-2^62, 2^62].
   struct Interval {

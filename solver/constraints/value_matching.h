@@ -4,6 +4,8 @@
 #include <span>
 #include <vector>
 
+#include "framework/base/export.h"
+
 namespace kiv {
 
 // A bipartite graph between terms and the values possible for them, a matching that gives each term
@@ -16,7 +18,7 @@ namespace kiv {
 // "Depth-first search and linear graph algorithms" (1972), without recursion.
 //
 // Built anew for each question, it keeps its memory and starts from the last matching.
-class ValueMatching {
+class KIV_EXPORT ValueMatching {
  public:
   struct Edge {
     std::int64_t value;
