@@ -49,6 +49,10 @@ KivOmbiFilterResult Inverse::Channel(const KivOmbiObjectEnvironment& environment
           KeepRange(environment, argument, other_index, other_index + places_ - 1)) {
     return result;
   }
+  if (environment.Summary(argument).IsFixed()) {
+    const auto j = static_cast<unsigned>(environment.Summary(argument).lower - other_index);
+    if (const auto result = FixTo(environment, others + j, me)) return result;
+  }
   for (std::int32_t j = 0; j < places_; ++j) {
     const unsigned other = others + static_cast<unsigned>(j);
     const bool mine = environment.Integer(argument).MayBe(other_index + j);

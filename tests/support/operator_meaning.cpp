@@ -42,10 +42,9 @@ const Entry kEntries[] = {
      2,
      {Type::kFunction,
       [](Int a, Int b, Int z) {
-        // What is left of |a| is less than |b|.
-        if (b == 0 || (z < 0) != ((a < 0) != (b < 0) && z != 0)) return false;
+        // What |b| * |z| leaves of |a| is less than |b|.
         const Int rest = std::llabs(a) - std::llabs(b) * std::llabs(z);
-        return 0 <= rest && rest < std::llabs(b);
+        return 0 <= rest && rest < std::llabs(b) && a * b * z >= 0;
       }}},
     {"/\\", 2, {Type::kFunction, [](Int a, Int b, Int z) { return z == (a < b ? a : b); }}},
     {"\\/", 2, {Type::kFunction, [](Int a, Int b, Int z) { return z == (a < b ? b : a); }}},

@@ -92,6 +92,19 @@ TEST(Models, KindsMix) {
             (Solutions{"x = 2\ny = 2\n"}));
 }
 
+TEST(Models, DivisionTruncatesOrIsExact) {
+  EXPECT_EQ(
+      SolutionsOf("x : enum int = { -7, 0, 7 }; y : int = 2; q : enum int = [-9, 9];"
+                  "q = x div y; solve;"),
+      (Solutions{"x = -7\ny = 2\nq = -3\n", "x = 0\ny = 2\nq = 0\n", "x = 7\ny = 2\nq = 3\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = [-7, 7]; x div 3 = -2; solve;"),
+            (Solutions{"x = -7\n", "x = -6\n"}));
+  EXPECT_EQ(SolutionsOf("x : int = 7; y : enum int = [-1, 1]; q : int; q = x div y; solve;"),
+            (Solutions{"x = 7\ny = -1\nq = -7\n", "x = 7\ny = 1\nq = 7\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = [1, 3]; x div 0 = x; solve;"), Solutions{});
+  EXPECT_EQ(SolutionsOf("x : int = -7 div 2 - 100 div 7 div 2; solve;"), (Solutions{"x = -10\n"}));
+}
+
 TEST(Models, ProductsWithAConstantScale) {
   EXPECT_EQ(SolutionsOf("x : enum int = [0, 9]; y : interval int = [0, 99]; 3*x = y*2; 7 < y;"
                         "x*0 = 0; solve;"),

@@ -107,7 +107,7 @@ class RandomModel {
   }
 
   Term MakeTerm(int depth) {
-    switch (depth == 0 ? 0 : Roll(0, 4)) {
+    switch (depth == 0 ? 0 : Roll(0, 5)) {
       case 0:
         return MakeVariable();
       case 1: {
@@ -125,6 +125,12 @@ class RandomModel {
         return {Wrap(factor, 1) + " * " + number, 1, value};
       }
       case 3: {
+        const Term dividend = MakeTerm(depth - 1);
+        const std::int64_t divisor = Roll(1, 3);
+        return {Wrap(dividend, 1) + " div " + std::to_string(divisor), 1,
+                [dividend, divisor](const Values& v) { return dividend.value(v) / divisor; }};
+      }
+      case 4: {
         const Term left = MakeTerm(depth - 1), right = MakeTerm(depth - 1);
         return {Wrap(left, 0) + " + " + Wrap(right, 1), 0,
                 [left, right](const Values& v) { return left.value(v) + right.value(v); }};
