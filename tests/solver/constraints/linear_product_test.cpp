@@ -1,11 +1,9 @@
-#include "solver/constraints/scaling.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 
 #include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/linear_posting.h"
 #include "tests/solver/constraints/posted_constraint.h"
 #include "tests/support/seed.h"
 
@@ -20,17 +18,17 @@ constexpr std::int32_t kMax = SubIntBase::kMax;
 
 const KivOmbiObjectDescriptor* Kind(const char* name) { return OpenModules().FindKind(name); }
 
-void PostScaling(KivOmbNetwork& network, VariableId x, std::int32_t coefficient, VariableId z) {
-  const VariableId arguments[] = {x, z};
-  network.Emplace<Scaling>(arguments, coefficient);
+void PostProduct(KivOmbNetwork& network, VariableId x, std::int32_t coefficient, VariableId z) {
+  const LinearTerm terms[] = {{coefficient, x}, {-1, z}};
+  PostLinear(network, terms, LinearRelation::kEqual, 0);
 }
 
-Posted ScalingOver(std::vector<Declared> variables, std::vector<VariableId> arguments,
-                   std::int32_t coefficient) {
+Posted ProductOf(std::vector<Declared> variables, std::vector<VariableId> arguments,
+                 std::int32_t coefficient) {
   return {
       std::move(variables), std::move(arguments),
       [=](KivOmbNetwork& network, auto posted_over) {
-        PostScaling(network, posted_over[0], coefficient, posted_over[1]);
+        PostProduct(network, posted_over[0], coefficient, posted_over[1]);
       },
       [=](const Assignment& values) { return values[1] == std::int64_t{coefficient} * values[0]; }};
 }
@@ -51,7 +49,7 @@ Values AroundProducts(const Values& values, std::int64_t coefficient) {
 
 const char* RandomKind(std::mt19937_64& random) { return kIntegerKinds[Pick(random, 0, 2)]; }
 
-TEST(Scaling, HasTheSolutionsOfEnumeration) {
+TEST(LinearProduct, HasTheSolutionsOfEnumeration) {
   static constexpr std::int32_t kCoefficients[] = {
       0, 1, -1, 2, -2, 3, -3, 7, -12, 1000000007, -1000000007, kMost, -kMost, kMax, INT32_MIN};
   const Values small = Range(-7, 7);
@@ -66,7 +64,7 @@ TEST(Scaling, HasTheSolutionsOfEnumeration) {
         kCoefficients[Pick(random, 0, static_cast<int>(std::size(kCoefficients)) - 1)];
     SCOPED_TRACE(coefficient);
     const Values& values = Pick(random, 0, 3) == 0 ? ends : small;
-    const Posted posted = ScalingOver(
+    const Posted posted = ProductOf(
         {RandomVariable(random, RandomKind(random), values, 6),
          RandomVariable(random, RandomKind(random), AroundProducts(values, coefficient), 20)},
         {0, 1}, coefficient);
@@ -80,7 +78,7 @@ TEST(Scaling, HasTheSolutionsOfEnumeration) {
   EXPECT_GT(with_solutions, 300u);
 }
 
-TEST(Scaling, OfAVariableByItselfLeavesZeroOrEverything) {
+TEST(LinearProduct, OfAVariableByItselfLeavesZeroOrEverything) {
   for (const char* kind : kIntegerKinds) {
     for (const std::int32_t coefficient : {0, 1, -1, 2, -2, 5, kMax, INT32_MIN}) {
       SCOPED_TRACE(std::string(kind) + " " + std::to_string(coefficient));
@@ -89,24 +87,24 @@ TEST(Scaling, OfAVariableByItselfLeavesZeroOrEverything) {
         domains = {Range(-5, 5), Range(1, 6), Range(-6, -1), {0}, {3}};
       }
       for (const Values& values : domains) {
-        ExpectSolutionsOfEnumeration(ScalingOver({{Kind(kind), values}}, {0, 0}, coefficient));
+        ExpectSolutionsOfEnumeration(ProductOf({{Kind(kind), values}}, {0, 0}, coefficient));
       }
     }
   }
 }
 
-TEST(Scaling, OfAWideIntervalByItselfComesToAnEnd) {
+TEST(LinearProduct, OfAWideIntervalByItselfComesToAnEnd) {
   for (const std::int32_t coefficient : {-1, 2, -2, 3, kMax}) {
     SCOPED_TRACE(coefficient);
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind("interval int"), {1, kMost}});
-    PostScaling(network, x, coefficient, x);
+    PostProduct(network, x, coefficient, x);
     EXPECT_EQ(network.Propagate(), Outcome::kContradiction);
   }
 }
 
 // The values that either variable keeps are exactly those with a partner.
-TEST(Scaling, IsDomainConsistentOverTwoEnumeratedDomains) {
+TEST(LinearProduct, IsDomainConsistentOverTwoEnumeratedDomains) {
   const std::uint64_t first = Seed(1);
   for (std::uint64_t seed = first; seed < first + 2000; ++seed) {
     SCOPED_TRACE(Replay(seed));
@@ -120,7 +118,7 @@ TEST(Scaling, IsDomainConsistentOverTwoEnumeratedDomains) {
     KivOmbNetwork network;
     const auto x = Declare(network, variables[0]);
     const auto z = Declare(network, variables[1]);
-    PostScaling(network, x, coefficient, z);
+    PostProduct(network, x, coefficient, z);
     const auto solutions = EnumerateSolutions(
         {variables[0].values, variables[1].values},
         [&](const Assignment& values) { return values[1] == coefficient * values[0]; });
@@ -139,23 +137,23 @@ TEST(Scaling, IsDomainConsistentOverTwoEnumeratedDomains) {
   }
 }
 
-TEST(Scaling, NarrowsWideIntervalsByTheirBounds) {
+TEST(LinearProduct, NarrowsWideIntervalsByTheirBounds) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("interval int"), {-1000000, 2000000}});
   const auto z = Declare(network, {Kind("interval int"), {-5000001, 4000001}});
-  PostScaling(network, x, -3, z);
+  PostProduct(network, x, -3, z);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, x), "[-1000000, 1666667]");
   EXPECT_EQ(Text(network, z), "[-5000001, 3000000]");
 }
 
 // So wide that no value is looked at.
-TEST(Scaling, BoundsAreRoundedInwards) {
+TEST(LinearProduct, BoundsAreRoundedInwards) {
   const auto quotients = [](std::int32_t coefficient, const Values& products) {
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind("interval int"), {-1000000000, 1000000000}});
     const auto z = Declare(network, {Kind("interval int"), products});
-    PostScaling(network, x, coefficient, z);
+    PostProduct(network, x, coefficient, z);
     network.Propagate();
     return Text(network, x);
   };
@@ -167,24 +165,24 @@ TEST(Scaling, BoundsAreRoundedInwards) {
   EXPECT_EQ(quotients(-2000000000, {1, 1999999999}), "Nil");
 }
 
-TEST(Scaling, NothingUnknownIsBetweenTwoProducts) {
+TEST(LinearProduct, NothingUnknownIsBetweenTwoProducts) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("enum int"), {}});
   const auto z = Declare(network, {Kind("interval int"), {1, 1999999999}});
-  PostScaling(network, x, 2000000000, z);
+  PostProduct(network, x, 2000000000, z);
   EXPECT_EQ(network.Propagate(), Outcome::kContradiction);
 }
 
-TEST(Scaling, AnUnknownVariableTakesTheImageOfTheOther) {
+TEST(LinearProduct, AnUnknownVariableTakesTheImageOfTheOther) {
   for (const char* kind : kIntegerKinds) {
     SCOPED_TRACE(kind);
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind("enum int"), {-1, 2, 5}});
     const auto products = Declare(network, {Kind(kind), {}});
-    PostScaling(network, x, 3, products);
+    PostProduct(network, x, 3, products);
     const auto z = Declare(network, {Kind("enum int"), {-7, -6, 0, 5, 9}});
     const auto quotients = Declare(network, {Kind(kind), {}});
-    PostScaling(network, quotients, -3, z);
+    PostProduct(network, quotients, -3, z);
     ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
     const std::string_view name = kind;
     EXPECT_EQ(Text(network, products), name == "enum int"       ? "{ -3, 6, 15 }"
@@ -197,36 +195,36 @@ TEST(Scaling, AnUnknownVariableTakesTheImageOfTheOther) {
   }
 }
 
-TEST(Scaling, AnUnknownSingleTakesTheOneValueThereIs) {
+TEST(LinearProduct, AnUnknownSingleTakesTheOneValueThereIs) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("enum int"), {4}});
   const auto z = Declare(network, {Kind("int"), {}});
-  PostScaling(network, x, -5, z);
+  PostProduct(network, x, -5, z);
   const auto y = Declare(network, {Kind("int"), {}});
-  PostScaling(network, y, 2, x);
+  PostProduct(network, y, 2, x);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, z), "-20");
   EXPECT_EQ(Text(network, y), "2");
 }
 
-TEST(Scaling, ByZeroGivesZeroWhateverTheOther) {
+TEST(LinearProduct, ByZeroGivesZeroWhateverTheOther) {
   for (const char* kind : kIntegerKinds) {
     SCOPED_TRACE(kind);
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind(kind), {}});
     const auto z = Declare(network, {Kind(kind), {}});
-    PostScaling(network, x, 0, z);
+    PostProduct(network, x, 0, z);
     ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
     EXPECT_EQ(Text(network, x), "Any");
     EXPECT_EQ(Text(network, z), "0");
   }
 }
 
-TEST(Scaling, AnImageThatAKindCannotHoldStaysUnknown) {
+TEST(LinearProduct, AnImageThatAKindCannotHoldStaysUnknown) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("interval int"), {1, 3000}});
   const auto z = Declare(network, {Kind("enum int"), {}});
-  PostScaling(network, x, 2, z);
+  PostProduct(network, x, 2, z);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, z), "Any");
   Restrict(network, x, {7, 9});
@@ -234,17 +232,17 @@ TEST(Scaling, AnImageThatAKindCannotHoldStaysUnknown) {
   EXPECT_EQ(Text(network, z), "{ 14, 16, 18 }");
 }
 
-class ScalingOverflow : public testing::TestWithParam<const char*> {};
+class LinearProductOverflow : public testing::TestWithParam<const char*> {};
 
 // Products beyond the range are excluded by a bounded variable only; for an open one they stay
 // possible, and the search has to say so.
-TEST_P(ScalingOverflow, AnOpenProductExcludesNoFactor) {
+TEST_P(LinearProductOverflow, AnOpenProductExcludesNoFactor) {
   for (const std::int32_t sign : {1, -1}) {
     SCOPED_TRACE(sign);
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind("enum int"), {1, 2, 2500}});
     const auto z = Declare(network, {Kind(GetParam()), {}});
-    PostScaling(network, x, sign * 1000000, z);
+    PostProduct(network, x, sign * 1000000, z);
     ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
     EXPECT_EQ(network.GetSummary(x).cardinality, 3u);
     network.PushLevel();
@@ -257,37 +255,31 @@ TEST_P(ScalingOverflow, AnOpenProductExcludesNoFactor) {
   }
 }
 
-TEST_P(ScalingOverflow, ABoundedProductExcludesFactors) {
+TEST_P(LinearProductOverflow, ABoundedProductExcludesFactors) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("enum int"), {1, 2, 2500}});
   const auto z = Declare(network, {Kind(GetParam()), {2000000, kMost}});
-  PostScaling(network, x, 1000000, z);
+  PostProduct(network, x, 1000000, z);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, x), "2");
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, ScalingOverflow, testing::Values("enum int", "interval int"),
+INSTANTIATE_TEST_SUITE_P(Kinds, LinearProductOverflow, testing::Values("enum int", "interval int"),
                          [](const auto& kind) {
                            return std::string(kind.param) == "enum int" ? "EnumInt" : "IntervalInt";
                          });
 
 // A product known from below alone must not be closed from above by looking at its few "values".
-TEST(Scaling, AProductNearTheEndStaysOpen) {
+TEST(LinearProduct, AProductNearTheEndStaysOpen) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("enum int"), {1073741822, 1073741823, 1073741830}});
   const auto z = Declare(network, {Kind("interval int"), {}});
-  PostScaling(network, x, 2, z);
+  PostProduct(network, x, 2, z);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, z), "[2147483644, Max]");
   EXPECT_EQ(network.GetSummary(x).cardinality, 3u);
   Restrict(network, x, {1073741830});
   EXPECT_EQ(network.Propagate(), Outcome::kOverflow);
-}
-
-TEST(Scaling, TellsItsGroundTruthBeyond32Bits) {
-  const Scaling scaling(2000000000);
-  EXPECT_TRUE(scaling.Holds(std::array<std::int64_t, 2>{3, 6000000000}));
-  EXPECT_FALSE(scaling.Holds(std::array<std::int64_t, 2>{3, 1705032704}));
 }
 
 }  // namespace
