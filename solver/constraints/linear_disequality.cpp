@@ -38,7 +38,7 @@ std::int64_t LinearDisequality::Filter(const KivOmbiObjectEnvironment& environme
     watched_ = {first, second};
     return kKivAtFixpoint;
   }
-  last_open_ = first;
+  if (first < sum_.Count()) last_open_ = first;
   return NarrowToUnequal(environment, sum_, constant_);
 }
 

@@ -34,7 +34,8 @@ class KIV_EXPORT LinearDisequality final : public KivOmbiConstraint {
   // taken back only opens arguments, so they stay as they are then.
   std::array<unsigned, 2> watched_{kNone, kNone};
   // The argument that was the only open one when last looked at: its bounds may come to lie on the
-  // value that it could not lose inside. Where a level was taken back since, it only costs a run.
+  // value that it could not lose inside. It is so again when a level that fixed it is taken back;
+  // where another level made it so, it costs a run at most.
   unsigned last_open_ = kNone;
 };
 

@@ -38,14 +38,14 @@ void Require(const KivOmbNetwork& network, VariableId variable, const char* what
   }
 }
 
-// The value of a variable that keeps it for good.
-std::optional<std::int32_t> FixedValue(const KivOmbNetwork& network, VariableId variable) {
+// A truth value that is known for good.
+std::optional<bool> KnownTruth(const KivOmbNetwork& network, VariableId variable) {
   const KivOmbiDomainSummary& summary = network.GetSummary(variable);
   if (network.GetLevel() > 0 || !summary.IsFixed()) return std::nullopt;
-  return summary.lower;
+  return summary.lower != 0;
 }
 
-void MergeTerms(const KivOmbNetwork& network, Form& form) {
+void MergeTerms(Form& form) {
   std::ranges::sort(form.terms, {}, &WideTerm::variable);
   std::vector<WideTerm> merged;
   for (const WideTerm& term : form.terms) {
@@ -55,11 +55,7 @@ void MergeTerms(const KivOmbNetwork& network, Form& form) {
       merged.push_back(term);
     }
   }
-  std::erase_if(merged, [&](const WideTerm& term) {
-    const auto value = FixedValue(network, term.variable);
-    if (value) form.constant -= term.coefficient * *value;
-    return value || term.coefficient == 0;
-  });
+  std::erase_if(merged, [](const WideTerm& term) { return term.coefficient == 0; });
   form.terms = std::move(merged);
 }
 
@@ -121,12 +117,13 @@ KivOmbNetwork::ConstraintId Post(KivOmbNetwork& network, Form form,
     Require<KivOmbiInteger>(network, term.variable, "integer");
   }
   if (truth) Require<KivOmbiBoolean>(network, truth->variable, "boolean");
-  MergeTerms(network, form);
-  if (const auto value = truth ? FixedValue(network, truth->variable) : std::nullopt) {
-    if (*value == 0 && truth->reification == Reification::kImplication) {
-      form = {{}, LinearRelation::kEqual, 0};
-    } else if (*value == 0) {
-      form.relation = NegationOf(form.relation);
+  MergeTerms(form);
+  if (const auto known = truth ? KnownTruth(network, truth->variable) : std::nullopt) {
+    if (!*known) {
+      // A false premise implies anything: all that is left is that the sum of nothing is 0.
+      const bool is_implication = truth->reification == Reification::kImplication;
+      form = is_implication ? Form{{}, LinearRelation::kEqual, 0}
+                            : Form{std::move(form.terms), NegationOf(form.relation), form.constant};
     }
     truth.reset();
   }

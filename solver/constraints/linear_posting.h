@@ -22,11 +22,10 @@ struct LinearTruth {
 // as one constraint, whose number it returns.
 //
 // The terms may repeat variables and have coefficients of 0. They are brought to a normal form:
-// terms of one variable are merged, a variable that is fixed outside all levels becomes part of the
-// constant, the coefficients are divided by their greatest common divisor, and <, > and >= become
-// <=. So `x = x + 1`, or an equation whose constant that divisor does not divide, is a
-// contradiction at once. The class with the least to do is chosen: a `truth` that is fixed outside
-// all levels makes the constraint a plain one.
+// terms of one variable are merged, the coefficients are divided by their greatest common divisor,
+// and <, > and >= become <=. So `x = x + 1`, or an equation whose constant that divisor does not
+// divide, is a contradiction at once. The class with the least to do is chosen: a `truth` that is
+// fixed outside all levels makes the constraint a plain one.
 //
 // Throws std::invalid_argument when a variable of a term is no integer or `truth` no boolean, and
 // std::overflow_error when a merged coefficient does not fit 64 bits even after the division;

@@ -6,7 +6,6 @@
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/linear_congruence.h"
-#include "solver/constraints/values.h"
 
 namespace kiv {
 
@@ -89,24 +88,6 @@ Hull HullWithin(Wide coefficient, const std::optional<Wide>& least,
           to ? ToHullBound(FloorDivide(*to, coefficient)) : Hull::kUnbounded};
 }
 
-// Argument i lies within `hull`.
-KivOmbiFilterResult NarrowArgument(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                   const Hull& hull) {
-  if (hull.lower > hull.upper) return Empty(environment, i);
-  bool beyond = false;
-  if (const auto result = NarrowToHull(environment, i, hull, beyond)) return result;
-  // Some kinds hold no bounds without the values between them.
-  const bool few = hull.upper - hull.lower < std::int64_t{kMostListedValues};
-  if (few && !beyond && environment.Summary(i).IsAny()) {
-    TakeValues(environment, i, [&](auto&& add) {
-      for (std::int64_t value = hull.lower; value <= hull.upper; ++value) {
-        add(static_cast<std::int32_t>(value));
-      }
-    });
-  }
-  return 0;
-}
-
 // Narrows each argument by the bounds of the others, as they are by then.
 template <class Wide>
 KivOmbiFilterResult NarrowEach(const KivOmbiObjectEnvironment& environment,
@@ -127,7 +108,7 @@ KivOmbiFilterResult NarrowEach(const KivOmbiObjectEnvironment& environment,
     if (fits_below && fits_above) continue;
 
     const Hull hull = HullWithin(static_cast<Wide>(coefficients[i]), least, most);
-    const auto result = NarrowArgument(environment, i, hull);
+    const auto result = NarrowToHull(environment, i, hull);
     if ((result & kKivContradiction) != 0) return result;
     overflow |= result;
     if (environment.Summary(i) == before) continue;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
-#include <limits>
 
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
@@ -105,7 +104,7 @@ class Triples {
   KivOmbiFilterResult Narrow() {
     if (environment_.Summary(Last().argument).IsAny() && !TakeLast()) return kKivContradiction;
     std::array<Marks, kMostSupportedTerms> supported;
-    Hull hull{std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::int64_t>::min()};
+    Hull hull = kEmptyHull;
     ForEach([&](unsigned i, unsigned j, Wide value) {
       const unsigned k = PositionInLast(value);
       if (k == kNotThere) return true;
@@ -116,14 +115,13 @@ class Triples {
       hull.upper = std::max(hull.upper, ToHullBound(value));
       return true;
     });
-    if (hull.lower > hull.upper) return Empty(environment_, Last().argument);
+    if (hull.IsEmpty()) return Empty(environment_, Last().argument);
     for (unsigned c = 0; c < kMostSupportedTerms; ++c) {
       if (columns_[c].argument == kNotThere || !columns_[c].is_listed) continue;
       if (const auto result = Keep(columns_[c], supported[c])) return result;
     }
     if (Last().is_listed) return 0;
-    bool beyond = false;
-    return NarrowToHull(environment_, Last().argument, hull, beyond);
+    return NarrowToHull(environment_, Last().argument, hull);
   }
 
   bool AreThereAny() {
