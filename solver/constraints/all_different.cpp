@@ -36,7 +36,10 @@ std::int64_t AllDifferent::Filter(const KivOmbiObjectEnvironment& environment, s
 
 KivOmbiConstraint::Cost AllDifferent::GetCost() const { return kLinear; }
 
-std::int64_t AllDifferent::GetWakingEvents(unsigned, unsigned) const { return kKivFixed; }
+// A bound can move to a fixed value that an interval could not lose before.
+std::int64_t AllDifferent::GetWakingEvents(unsigned, unsigned) const {
+  return kKivFixed | kKivBounds;
+}
 
 bool AllDifferent::Holds(std::span<const std::int64_t> values) const {
   std::vector<std::int64_t> sorted(values.begin(), values.end());

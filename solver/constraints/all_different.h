@@ -4,7 +4,8 @@
 
 namespace kiv {
 
-// No two of its integers are equal. When an argument becomes fixed, removes the value of each fixed
+// No two of its integers are equal. When an argument becomes fixed or a bound
+// moves, removes the value of each fixed
 // argument from all others, as far as their kinds can lose it.
 class KIV_EXPORT AllDifferent final : public KivOmbiConstraint {
  public:

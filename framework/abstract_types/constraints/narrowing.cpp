@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "framework/abstract_types/boolean.h"
 #include "framework/intervals/sub_int_base.h"
 
 namespace kiv {
@@ -57,6 +58,14 @@ KivOmbiFilterResult TakeCandidates(const KivOmbiObjectEnvironment& environment, 
   }
   return Verdict(environment.NarrowInteger(
       target, [&](KivOmbiInteger& domain) { return domain.CalcEqualValue(values); }));
+}
+
+// Argument i, a boolean, is not `value`: so it is the other truth value.
+KivOmbiFilterResult Negate(const KivOmbiObjectEnvironment& environment, unsigned i,
+                           std::int32_t value) {
+  return Verdict(environment.NarrowAny(i, [&](KivOmbiAny& domain) {
+    return static_cast<KivOmbiBoolean&>(domain).CalcTruthValue(value == 0);
+  }));
 }
 
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, unsigned target,
@@ -135,6 +144,10 @@ KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsign
   for (const auto& [fixed, other] : {std::pair{i, j}, std::pair{j, i}}) {
     if (!environment.Summary(fixed).IsFixed()) continue;
     const std::int32_t value = environment.Summary(fixed).lower;
+    if (KivOmbiBoolean::sDescriptor->IsMatched(environment.Kind(other)) != 0) {
+      const auto result = Negate(environment, other, value);
+      return result != 0 ? result : kKivEntailed;
+    }
     if (const auto result = RemoveValue(environment, other, value)) return result;
     if (!environment.Integer(other).MayBe(value)) {
       return kKivEntailed;

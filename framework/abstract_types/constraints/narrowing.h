@@ -55,7 +55,8 @@ KIV_EXPORT KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment
 KIV_EXPORT KivOmbiFilterResult Equate(const KivOmbiObjectEnvironment& environment, unsigned i,
                                       unsigned j);
 
-// Argument i <> argument j; kKivEntailed when that can no longer fail, else kKivAtFixpoint.
+// Argument i <> argument j, of the same type; kKivEntailed when that can no longer fail, else
+// kKivAtFixpoint.
 KIV_EXPORT KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsigned i,
                                         unsigned j);
 

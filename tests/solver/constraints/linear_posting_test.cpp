@@ -5,7 +5,8 @@
 #include <limits>
 
 #include "framework/base/kiv_string.h"
-#include "tests/solver/constraints/posted_constraint.h"
+#include "tests/support/enumeration.h"
+#include "tests/support/modules.h"
 
 namespace kiv::test {
 namespace {
@@ -51,7 +52,8 @@ TEST_F(Posting, ChoosesTheClassByTheRelation) {
 }
 
 TEST_F(Posting, MergesRepeatedVariablesAndDropsWhatAddsNothing) {
-  EXPECT_EQ(Posted({{1, y_}, {2, x_}, {0, truth_ - 1}, {3, y_}}, LinearRelation::kEqual, 1),
+  const auto z = Add("int", {});
+  EXPECT_EQ(Posted({{1, y_}, {2, x_}, {0, z}, {3, y_}}, LinearRelation::kEqual, 2),
             "kiv::LinearEquation/2");
   EXPECT_EQ(Posted({{5, x_}, {-2, y_}, {-5, x_}}, LinearRelation::kEqual, 0),
             "kiv::LinearEquation/1");

@@ -8,8 +8,9 @@
 #include <optional>
 
 #include "solver/constraints/linear_posting.h"
-#include "tests/solver/constraints/posted_constraint.h"
 #include "tests/support/constraint_case.h"
+#include "tests/support/modules.h"
+#include "tests/support/random_variables.h"
 #include "tests/support/seed.h"
 
 namespace kiv::test {
@@ -109,26 +110,23 @@ ConstraintCase CaseOf(const Shape& shape, std::vector<Declared> variables,
 }
 
 // A sum over up to `most` variables, some of them repeated, with a constant near one of its values.
-ConstraintCase RandomCase(std::mt19937_64& random, const Shape& shape, int most,
-                          const Values& values, const Coefficients& choice) {
+ConstraintCase RandomCase(Generator& random, const Shape& shape, int most, const Values& values,
+                          const Coefficients& choice) {
   std::vector<Declared> variables;
   std::vector<VariableId> arguments;
   Coefficients coefficients;
   Assignment chosen;
   for (int count = Pick(random, 0, most); count > 0; --count) {
-    if (!variables.empty() && Pick(random, 0, 5) == 0) {
+    if (!variables.empty() && OneIn(random, 6)) {
       arguments.push_back(arguments[0]);
       chosen.push_back(chosen[0]);
     } else {
       arguments.push_back(static_cast<VariableId>(variables.size()));
       variables.push_back(
-          RandomVariable(random, kIntegerKinds[Pick(random, 0, 9) % 3], values, most > 3 ? 3 : 6));
-      const Values& own = variables.back().values;
-      chosen.push_back(
-          own[static_cast<std::size_t>(Pick(random, 0, static_cast<int>(own.size()) - 1))]);
+          RandomVariable(random, PickOf(random, kIntegerKinds), values, most > 3 ? 3 : 6));
+      chosen.push_back(PickOf(random, variables.back().values));
     }
-    coefficients.push_back(
-        choice[static_cast<std::size_t>(Pick(random, 0, static_cast<int>(choice.size()) - 1))]);
+    coefficients.push_back(PickOf(random, choice));
   }
   constexpr std::int64_t kFarthest = std::numeric_limits<std::int64_t>::max();
   const auto constant = static_cast<std::int64_t>(
@@ -140,13 +138,6 @@ ConstraintCase RandomCase(std::mt19937_64& random, const Shape& shape, int most,
   }
   return CaseOf(shape, std::move(variables), std::move(arguments), coefficients,
                 constant + Pick(random, 0, 3) * Pick(random, 0, 1));
-}
-
-void ExpectSoundness(const ConstraintCase& constraint, std::uint64_t seed) {
-  SCOPED_TRACE(Replay(seed));
-  SCOPED_TRACE(constraint.name);
-  ExpectSolutionsOfEnumeration(
-      {constraint.variables, constraint.arguments, constraint.post, constraint.holds});
 }
 
 const Coefficients kSmall = {1, -1, 1, -1, 2, -2, 3, -5, 7, 0};
@@ -165,19 +156,19 @@ class LinearRandom : public testing::TestWithParam<Shape> {};
 
 TEST_P(LinearRandom, FewTerms) {
   const std::uint64_t first = Seed(1);
-  for (std::uint64_t seed = first; seed < first + 400; ++seed) {
-    std::mt19937_64 random(seed);
-    ExpectSoundness(RandomCase(random, GetParam(), 3, Range(-6, 6), kSmall), seed);
+  for (std::uint64_t seed = first; seed < first + Times(400); ++seed) {
+    Generator random(seed);
+    CheckConstraint(RandomCase(random, GetParam(), 3, Range(-6, 6), kSmall), seed);
     if (HasFailure()) return;
   }
 }
 
 TEST_P(LinearRandom, ManyTerms) {
   const std::uint64_t first = Seed(1);
-  for (std::uint64_t seed = first; seed < first + 300; ++seed) {
-    std::mt19937_64 random(seed);
-    const Coefficients& choice = Pick(random, 0, 1) == 0 ? kUnits : kSmall;
-    ExpectSoundness(RandomCase(random, GetParam(), 6, Range(-4, 4), choice), seed);
+  for (std::uint64_t seed = first; seed < first + Times(300); ++seed) {
+    Generator random(seed);
+    const Coefficients& choice = OneIn(random, 2) ? kUnits : kSmall;
+    CheckConstraint(RandomCase(random, GetParam(), 6, Range(-4, 4), choice), seed);
     if (HasFailure()) return;
   }
 }
@@ -186,9 +177,9 @@ TEST_P(LinearRandom, ValuesAtTheEndsOfTheIntegersAndHugeCoefficients) {
   const Values ends = {-kMost, -kMost + 1, -kMost + 2, -kMost / 2, -1,   0,
                        1,      kMost / 2,  kMost - 2,  kMost - 1,  kMost};
   const std::uint64_t first = Seed(1);
-  for (std::uint64_t seed = first; seed < first + 400; ++seed) {
-    std::mt19937_64 random(seed);
-    ExpectSoundness(RandomCase(random, GetParam(), 4, ends, kHuge), seed);
+  for (std::uint64_t seed = first; seed < first + Times(400); ++seed) {
+    Generator random(seed);
+    CheckConstraint(RandomCase(random, GetParam(), 4, ends, kHuge), seed);
     if (HasFailure()) return;
   }
 }

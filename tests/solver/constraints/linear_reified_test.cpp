@@ -5,7 +5,8 @@
 #include <array>
 
 #include "solver/constraints/linear_posting.h"
-#include "tests/solver/constraints/posted_constraint.h"
+#include "tests/support/enumeration.h"
+#include "tests/support/modules.h"
 
 namespace kiv::test {
 namespace {
