@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "framework/abstract_types/constraints/narrowing.h"
 #include "solver/constraints/value_sets.h"
 #include "solver/constraints/values.h"
 

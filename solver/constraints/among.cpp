@@ -38,6 +38,8 @@ KivOmbiFilterResult NarrowAmong(const KivOmbiObjectEnvironment& environment, uns
 }
 
 Among::Among(std::vector<std::int32_t> set) : KivOmbiConstraint(&descriptor), set_(std::move(set)) {
+  // What no variable can hold is in no set that matters; an infinity would be taken for a bound.
+  std::erase_if(set_, [](std::int32_t value) { return !IsValue(value); });
   std::ranges::sort(set_);
   set_.erase(std::ranges::unique(set_).begin(), set_.end());
 }

@@ -23,6 +23,9 @@ GlobalCardinality::GlobalCardinality(const std::vector<std::int32_t>& values, Co
   if (std::ranges::adjacent_find(values_) != values_.end()) {
     throw std::invalid_argument("global_cardinality: a value is given twice");
   }
+  if (!std::ranges::all_of(values_, IsValue)) {
+    throw std::invalid_argument("global_cardinality: a value that no variable can hold");
+  }
   for (const std::int32_t value : values_) {
     const auto position = std::ranges::find(values, value) - values.begin();
     tallies_.push_back({static_cast<unsigned>(position), 0, 0, 0, 0});

@@ -23,7 +23,8 @@ class KIV_EXPORT GlobalCardinality final : public KivOmbiConstraint {
   };
 
   // The last arguments are the counts, in the order of the values. Throws std::invalid_argument
-  // when a value is given twice.
+  // when a value is given twice, or is
+  // none that a variable can hold.
   GlobalCardinality(const std::vector<std::int32_t>& values, Cover cover);
   // All arguments are x. Throws std::invalid_argument too when there are not as many limits as
   // values.

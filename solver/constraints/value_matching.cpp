@@ -1,6 +1,7 @@
 #include "solver/constraints/value_matching.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kiv {
 
@@ -15,22 +16,25 @@ void ValueMatching::AddTerm(unsigned label) { terms_.push_back({label, edges_.si
 
 void ValueMatching::AddValue(std::int64_t value) { edges_.push_back({value, false}); }
 
-void ValueMatching::PlaceValues() {
-  const auto is_known = [&](const Edge& edge) {
-    return std::ranges::binary_search(universe_, edge.value);
-  };
-  if (!std::ranges::all_of(edges_, is_known)) {
-    for (const Edge& edge : edges_) universe_.push_back(edge.value);
-    std::ranges::sort(universe_);
-    universe_.erase(std::ranges::unique(universe_).begin(), universe_.end());
-  }
-  values_.assign(universe_.size(), {kNone, kNone, 0});
-  round_ = 0;
+bool ValueMatching::FindPlaces() {
   places_.resize(edges_.size());
   for (std::size_t e = 0; e < edges_.size(); ++e) {
     const auto place = std::ranges::lower_bound(universe_, edges_[e].value);
+    if (place == universe_.end() || *place != edges_[e].value) return false;
     places_[e] = static_cast<unsigned>(place - universe_.begin());
   }
+  return true;
+}
+
+void ValueMatching::PlaceValues() {
+  if (!FindPlaces()) {
+    for (const Edge& edge : edges_) universe_.push_back(edge.value);
+    std::ranges::sort(universe_);
+    universe_.erase(std::ranges::unique(universe_).begin(), universe_.end());
+    FindPlaces();
+  }
+  values_.assign(universe_.size(), {kNone, kNone, 0});
+  round_ = 0;
 }
 
 void ValueMatching::TakeLastMatching() {
@@ -150,7 +154,9 @@ void ValueMatching::Close(unsigned term) {
   // Everything opened since is the component that `term` was found first of.
   const auto component = static_cast<unsigned>(can_make_way_.size());
   can_make_way_.push_back(0);
-  const auto first = std::ranges::find(open_, term);
+  auto first = open_.end();
+  while (*--first != term) {
+  }
   for (auto member = first; member != open_.end(); ++member) terms_[*member].component = component;
   for (auto member = first; member != open_.end() && can_make_way_[component] == 0; ++member) {
     for (std::size_t e = terms_[*member].first_edge; e < EndOf(*member); ++e) {

@@ -73,6 +73,7 @@ class KIV_EXPORT ValueMatching {
   std::size_t EndOf(unsigned term) const {
     return term + 1 < terms_.size() ? terms_[term + 1].first_edge : edges_.size();
   }
+  bool FindPlaces();
   void PlaceValues();
   void TakeLastMatching();
   bool Augment(unsigned root);

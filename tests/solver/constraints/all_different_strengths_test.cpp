@@ -195,6 +195,23 @@ TEST(AllDifferentStrength, OffsetsOfExtremeValuesDoNotOverflow) {
   }
 }
 
+// The term's value for the other would be the infinity that stands for an open bound.
+TEST(AllDifferentStrength, AnOpenBoundIsNoValueToLose) {
+  for (const auto strength : {AllDifferentStrength::kValues, AllDifferentStrength::kBounds,
+                              AllDifferentStrength::kDomain}) {
+    KivOmbNetwork network;
+    const std::array arguments{Declare(network, {Kind("int"), {2147483646}}),
+                               Declare(network, {Kind("interval int"), {}})};
+    network.Update(arguments[1], [](KivOmbiAny& domain) {
+      static_cast<KivOmbiInteger&>(domain).SetLowerBound(5);
+    });
+    ASSERT_EQ(Text(network, arguments[1]), "[5, Max]");
+    PostAllDifferent(network, arguments, strength, {1, 0});
+    ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
+    EXPECT_EQ(Text(network, arguments[1]), "[5, Max]");
+  }
+}
+
 TEST(AllDifferentBounds, SleepsThroughTheLossOfInnerValues) {
   KivOmbNetwork network;
   std::vector<VariableId> variables;

@@ -126,6 +126,7 @@ TEST(GlobalCardinality, UnknownTermsTakeTheClosedValues) {
 
 TEST(GlobalCardinality, AValueIsGivenOnceAndHasLimits) {
   EXPECT_THROW(GlobalCardinality({1, 2, 1}, Cover::kOpen), std::invalid_argument);
+  EXPECT_THROW(GlobalCardinality({1, 2147483647}, Cover::kOpen), std::invalid_argument);
   EXPECT_THROW(GlobalCardinality({1, 2}, {{0, 1}}, Cover::kOpen), std::invalid_argument);
 }
 

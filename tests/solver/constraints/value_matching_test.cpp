@@ -84,20 +84,23 @@ TEST(ValueMatching, TellsTheEdgesOfMatchingsAsEnumerationDoes) {
   EXPECT_GT(with_matching, Times(20000) / 10);
 }
 
-// A path through all terms is no deeper a recursion than one of two.
+// Each term takes the lower of its two values, until the last one wants the lowest, its only one:
+// all have to move up, and then each leads to the next.
 TEST(ValueMatching, LongChainsNeedNoDeepStack) {
-  constexpr std::int64_t kTerms = 200000;
+  constexpr unsigned kTerms = 200000;
   ValueMatching matching;
-  matching.Start(kTerms);
+  matching.Start(kTerms + 1);
   for (unsigned term = 0; term < kTerms; ++term) {
     matching.AddTerm(term);
-    matching.AddValue(term == 0 ? 0 : term - 1);
-    if (term > 0) matching.AddValue(term);
+    matching.AddValue(kTerms - 1 - term);
+    matching.AddValue(kTerms - term);
   }
+  matching.AddTerm(kTerms);
+  matching.AddValue(0);
   ASSERT_TRUE(matching.Match());
   matching.Classify();
-  EXPECT_EQ(matching.AlwaysTaken().size(), static_cast<std::size_t>(kTerms));
-  for (unsigned term = 1; term < kTerms; ++term) {
+  EXPECT_EQ(matching.AlwaysTaken().size(), kTerms + 1u);
+  for (unsigned term = 0; term < kTerms; ++term) {
     ASSERT_FALSE(matching.Edges(term)[0].possible);
     ASSERT_TRUE(matching.Edges(term)[1].possible);
   }
