@@ -44,7 +44,8 @@ const Entry kEntries[] = {
       [](Int a, Int b, Int z) {
         // What |b| * |z| leaves of |a| is less than |b|.
         const Int rest = std::llabs(a) - std::llabs(b) * std::llabs(z);
-        return 0 <= rest && rest < std::llabs(b) && a * b * z >= 0;
+        const bool sign_fits = z == 0 || (z < 0) == ((a < 0) != (b < 0));
+        return 0 <= rest && rest < std::llabs(b) && sign_fits;
       }}},
     {"/\\", 2, {Type::kFunction, [](Int a, Int b, Int z) { return z == (a < b ? a : b); }}},
     {"\\/", 2, {Type::kFunction, [](Int a, Int b, Int z) { return z == (a < b ? b : a); }}},
