@@ -26,7 +26,7 @@ using Row = const KivOmbiCompoundObjectDescriptor*;
 using Type = OperatorMeaning::Type;
 using VariableId = KivOmbNetwork::VariableId;
 
-// What a constraint class promises where its carrier holds sets, and where it does not.
+// What a constraint class promises where the carrier and all arguments hold sets, and where not.
 struct Promise {
   Strength over_sets;
   Strength otherwise;
@@ -43,21 +43,25 @@ const std::map<std::string_view, Promise> kPromises = {
     {"KivOmbiAbsoluteConstraint", {Strength::kWeaker, Strength::kWeaker}},
     {"KivOmbiNextConstraint", {Strength::kWeaker, Strength::kWeaker}},
     {"KivOmbiSignumConstraint", {Strength::kWeaker, Strength::kWeaker}},
-    {"KivOmbiEqualConstraint", {Strength::kDomain, Strength::kDomain}},
-    {"KivOmbiEqualTernaryConstraint", {Strength::kDomain, Strength::kDomain}},
-    {"KivOmbiUnequalTernaryConstraint", {Strength::kDomain, Strength::kDomain}},
-    {"KivOmbiLessOrEqualTernaryConstraint", {Strength::kDomain, Strength::kDomain}},
-    {"KivOmbiLessTernaryConstraint", {Strength::kDomain, Strength::kDomain}},
-    {"KivOmbiBooleanEqualConstraint", {Strength::kDomain, Strength::kDomain}},
-    {"KivOmbiBooleanLessConstraint", {Strength::kDomain, Strength::kDomain}},
-    {"KivOmbiBooleanLessOrEqualConstraint", {Strength::kDomain, Strength::kDomain}},
+    {"KivOmbiEqualConstraint", {Strength::kDomain, Strength::kBounds}},
+    {"KivOmbiEqualTernaryConstraint", {Strength::kDomain, Strength::kBounds}},
+    {"KivOmbiUnequalTernaryConstraint", {Strength::kDomain, Strength::kBounds}},
+    {"KivOmbiLessOrEqualTernaryConstraint", {Strength::kDomain, Strength::kBounds}},
+    {"KivOmbiLessTernaryConstraint", {Strength::kDomain, Strength::kBounds}},
+    {"KivOmbiBooleanEqualConstraint", {Strength::kHull, Strength::kHull}},
+    {"KivOmbiBooleanLessConstraint", {Strength::kHull, Strength::kHull}},
+    {"KivOmbiBooleanLessOrEqualConstraint", {Strength::kHull, Strength::kHull}},
 };
 
-Strength StrengthOf(Row row) {
+Strength StrengthOf(Row row, const std::vector<Declared>& variables) {
   const auto promise = kPromises.find(row->GetConstraint()->GetName());
   if (promise == kPromises.end()) return Strength::kDomain;
-  return ShapeOf(*row->GetCarrier()) == KindShape::kSet ? promise->second.over_sets
-                                                        : promise->second.otherwise;
+  const bool over_sets = ShapeOf(*row->GetCarrier()) == KindShape::kSet &&
+                         std::ranges::all_of(variables, [](const Declared& variable) {
+                           const KindShape shape = ShapeOf(*variable.kind);
+                           return shape == KindShape::kSet || shape == KindShape::kTruth;
+                         });
+  return over_sets ? promise->second.over_sets : promise->second.otherwise;
 }
 
 // The kinds that an operand of a row may have: all below an abstract one.
@@ -90,13 +94,14 @@ ConstraintCase CaseOf(Row row, std::vector<Declared> variables) {
   const PostedRow posted{row, 0, binary ? 1 : PostedRow::kNone, binary ? 2u : 1u};
   std::vector<VariableId> arguments(variables.size());
   std::iota(arguments.begin(), arguments.end(), VariableId{0});
+  const Strength strength = StrengthOf(row, variables);
   return {.name = Print(posted),
           .variables = std::move(variables),
           .arguments = std::move(arguments),
           .post = [posted](KivOmbNetwork& network,
                            auto posted_over) { posted.Post(network, posted_over); },
           .holds = [posted](const Assignment& values) { return posted.Holds(values); },
-          .strength = StrengthOf(row)};
+          .strength = strength};
 }
 
 // The relation of a case of CaseOf alone, without its value.
