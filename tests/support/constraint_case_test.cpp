@@ -22,13 +22,13 @@ const KivOmbiConstraintDescriptor descriptor("kiv::test::OneLess", 2, 0, true);
 enum class Fault {
   kNone,
   kLosesASolution,       // y is never 3
-  kAcceptsAWrongOne,     // says it is entailed when it is not
+  kAcceptsAWrongOne,     // says at once that it is entailed
   kTooWeak,              // narrows y alone
-  kClaimsAFixpoint,      // narrows in two runs, and says that the first was all
+  kClaimsAFixpoint,      // takes one value a run from y, and says each time that this was all
   kForgetsToWake,        // sleeps through what happens to x
   kMisses,               // narrows nothing and finds no contradiction
   kRemembersTakenBack,   // stops narrowing for good once x was fixed
-  kNeedsKnownArguments,  // finds a contradiction in an unknown argument
+  kNeedsKnownArguments,  // finds a contradiction in an unknown x
 };
 
 class OneLess final : public KivOmbiConstraint {
@@ -36,50 +36,58 @@ class OneLess final : public KivOmbiConstraint {
   explicit OneLess(Fault fault) : KivOmbiConstraint(&descriptor), fault_(fault) {}
 
   std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) override {
-    if (fault_ == Fault::kMisses || stopped_) return kKivAtFixpoint;
-    if (fault_ == Fault::kLosesASolution) {
-      if (const auto result = RemoveValue(environment, 1, 3)) return result;
+    switch (fault_) {
+      case Fault::kLosesASolution:
+        if (const auto result = RemoveValue(environment, kY, 3)) return result;
+        break;
+      case Fault::kAcceptsAWrongOne:
+        return kKivEntailed;
+      case Fault::kClaimsAFixpoint:
+        if (environment.Summary(kY).upper - 1 > environment.Summary(kX).upper + std::int64_t{1}) {
+          return TightenUpper(environment, kY, environment.Summary(kY).upper - 1) | kKivAtFixpoint;
+        }
+        break;
+      case Fault::kMisses:
+        return kKivAtFixpoint;
+      case Fault::kRemembersTakenBack:
+        if (x_was_fixed_) return kKivAtFixpoint;
+        x_was_fixed_ = environment.Summary(kX).IsFixed();
+        break;
+      case Fault::kNeedsKnownArguments:
+        if (environment.Summary(kX).IsAny()) return kKivContradiction;
+        break;
+      default:
+        break;
     }
-    if (fault_ == Fault::kNeedsKnownArguments && environment.Summary(0).IsAny()) {
-      return kKivContradiction;
-    }
-    // First of all, so that the claim is false when anything follows.
-    const bool claims = fault_ == Fault::kClaimsAFixpoint && environment.Summary(1).cardinality > 2;
-    if (claims) {
-      const auto result = TightenUpper(environment, 1, environment.Summary(1).upper - 1);
-      return result != 0 ? result : kKivAtFixpoint;
-    }
-    if (fault_ == Fault::kAcceptsAWrongOne) return kKivEntailed;
-    stopped_ = fault_ == Fault::kRemembersTakenBack && environment.Summary(0).IsFixed();
-    return Narrow(environment);
-  }
-
-  std::int64_t GetWakingEvents(unsigned index, unsigned) const override {
-    return fault_ == Fault::kForgetsToWake && index == 0 ? 0 : kKivAnyEvent;
-  }
-
-  bool Holds(std::span<const std::int64_t> values) const override {
-    return values[0] + 1 == values[1];
-  }
-
- private:
-  std::int64_t Narrow(const KivOmbiObjectEnvironment& environment) const {
-    const auto is_known = [&](unsigned i) { return !environment.Summary(i).IsAny(); };
-    for (const auto& [from, to, gap] : {std::tuple{0u, 1u, 1}, std::tuple{1u, 0u, -1}}) {
-      if (!is_known(from) || (to == 0 && fault_ == Fault::kTooWeak)) continue;
-      const KivOmbiDomainSummary known = environment.Summary(from);
-      if (const auto result = TightenLower(environment, to, std::int64_t{known.lower} + gap)) {
-        return result;
-      }
-      if (const auto result = TightenUpper(environment, to, std::int64_t{known.upper} + gap)) {
-        return result;
-      }
+    if (const auto result = Bound(environment, kY, kX, 1)) return result;
+    if (fault_ != Fault::kTooWeak) {
+      if (const auto result = Bound(environment, kX, kY, -1)) return result;
     }
     return Settle(environment);
   }
 
+  std::int64_t GetWakingEvents(unsigned index, unsigned) const override {
+    return fault_ == Fault::kForgetsToWake && index == kX ? 0 : kKivAnyEvent;
+  }
+
+  bool Holds(std::span<const std::int64_t> values) const override {
+    return values[kX] + 1 == values[kY];
+  }
+
+ private:
+  enum Argument : unsigned { kX, kY };
+
+  // Argument `target` = argument `known` + gap, by their bounds.
+  static KivOmbiFilterResult Bound(const KivOmbiObjectEnvironment& environment, unsigned target,
+                                   unsigned known, std::int64_t gap) {
+    if (environment.Summary(known).IsAny()) return 0;
+    const KivOmbiDomainSummary bounds = environment.Summary(known);
+    if (const auto result = TightenLower(environment, target, bounds.lower + gap)) return result;
+    return TightenUpper(environment, target, bounds.upper + gap);
+  }
+
   Fault fault_;
-  bool stopped_ = false;
+  bool x_was_fixed_ = false;
 };
 
 ConstraintCase OneLessOver(Fault fault, const Values& x, const Values& y) {
