@@ -4,7 +4,7 @@
 
 #include "framework/numbers/bounds.h"
 #include "framework/numbers/number_descriptor.h"
-#include "framework/numbers/power.h"
+#include "framework/intervals/power.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "framework/numbers/bounds.h"
 #include "framework/numbers/number_descriptor.h"
-#include "framework/numbers/power.h"
+#include "framework/intervals/power.h"
 
 namespace {
 
@@ -237,13 +237,13 @@ int KivOmbSingleInteger::CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmb
 int KivOmbSingleInteger::CalcPowerValue(const KivOmbiNumber& x, const KivOmbiNumber& y) {
   return kiv::Forward(*this, x, y, [&](const KivOmbiInteger& a, const KivOmbiInteger& b) {
     if (a.GetCardinality() != 1 || b.GetCardinality() != 1) return 0;
-    const kiv::Power power = kiv::PowerOf(a.GetLowerBound(), b.GetLowerBound());
+    const kiv::PowerValue power = kiv::PowerOf(a.GetLowerBound(), b.GetLowerBound());
     switch (power.state) {
-      case kiv::Power::kNone:
+      case kiv::PowerValue::kNone:
         return Nil();
-      case kiv::Power::kValue:
+      case kiv::PowerValue::kValue:
         return Narrow(power.value.GetValue(), power.value.GetValue());
-      case kiv::Power::kUnknown:
+      case kiv::PowerValue::kUnknown:
         break;
     }
     return 0;

@@ -41,8 +41,7 @@ std::optional<Operand> ExpressionCompiler::Compile(const Expression& expression)
   } else if (const auto* reference = std::get_if<Reference>(&expression.form)) {
     operand = CompileReference(*reference, range);
   } else if (const auto* unary = std::get_if<UnaryApplication>(&expression.form)) {
-    operand = Compile(*unary->operand);
-    if (operand) operand = ApplyUnary(unary->symbol, *operand, range);
+    operand = CompileUnary(*unary, range);
   } else if (const auto* chain = std::get_if<Chain>(&expression.form)) {
     operand = CompileChain(*chain);
   } else {
@@ -92,6 +91,25 @@ std::optional<KivOmbNetwork::VariableId> ExpressionCompiler::AddVariable(
 
 const KivOmbiObjectDescriptor& ExpressionCompiler::GetKind(const Operand& operand) const {
   return operand.constant ? constant_kind_ : model_.GetNetwork().GetKind(operand.variable);
+}
+
+bool ExpressionCompiler::IsTruth(const Operand& operand) const {
+  return KivOmbiBoolean::sDescriptor->IsMatched(&GetKind(operand)) != 0;
+}
+
+void ExpressionCompiler::AssertTruth(const Operand& operand) {
+  const auto truth = CompileTruth(true, operand.range);
+  if (truth && GetConstantTruth(operand) != true) {
+    ApplyRelation({"=", operand.range}, operand, *truth);
+  }
+}
+
+std::optional<bool> ExpressionCompiler::GetConstantTruth(const Operand& operand) const {
+  for (const bool value : {false, true}) {
+    const auto& fixed = fixed_truths_[value ? 1 : 0];
+    if (!operand.constant && fixed == operand.variable) return value;
+  }
+  return std::nullopt;
 }
 
 std::optional<Operand> ExpressionCompiler::CompileTruth(bool value, SourceRange range) {
@@ -154,17 +172,45 @@ std::optional<Operand> ExpressionCompiler::CompileElement(const Scope::Array& ar
   return Operand{std::nullopt, array.first + static_cast<std::uint32_t>(*index - 1), range};
 }
 
+std::optional<Operand> ExpressionCompiler::CompileUnary(const UnaryApplication& application,
+                                                        SourceRange range) {
+  const Word& symbol = application.symbol;
+  if (symbol.text == "not" && !CheckAsks(symbol, *application.operand)) return std::nullopt;
+  const std::optional<Operand> operand = Compile(*application.operand);
+  return operand ? ApplyUnary(symbol, *operand, range) : std::nullopt;
+}
+
 std::optional<Operand> ExpressionCompiler::CompileChain(const Chain& chain) {
-  std::optional<Operand> value = Compile(chain.operands[0]);
-  for (std::size_t i = 0; i < chain.operators.size(); ++i) {
-    const std::optional<Operand> right = Compile(chain.operands[i + 1]);
-    if (!right) {
-      value.reset();
-    } else if (value) {
-      value = ApplyBinary(chain.operators[i], *value, *right);
-    }
+  const Precedence precedence = GetPrecedence(chain.operators.front().text);
+  std::vector<Operand> operands;
+  for (std::size_t i = 0; i < chain.operands.size(); ++i) {
+    const Word& symbol = chain.operators[i == 0 ? 0 : i - 1];
+    if (IsConnective(precedence) && !CheckAsks(symbol, chain.operands[i])) continue;
+    if (const auto operand = Compile(chain.operands[i])) operands.push_back(*operand);
+  }
+  if (operands.size() != chain.operands.size()) return std::nullopt;
+
+  const bool from_right = precedence == Precedence::kImplication;
+  const std::size_t count = chain.operators.size();
+  std::optional<Operand> value = from_right ? operands.back() : operands.front();
+  for (std::size_t i = 0; i < count && value; ++i) {
+    value = from_right
+                ? ApplyBinary(chain.operators[count - 1 - i], operands[count - 1 - i], *value)
+                : ApplyBinary(chain.operators[i], *value, operands[i + 1]);
   }
   return value;
+}
+
+bool ExpressionCompiler::CheckAsks(const Word& symbol, const Expression& operand) {
+  const Word* relation = FindOutermost(Precedence::kRelation, operand);
+  if (relation == nullptr) return true;
+  const std::string_view question = GetCounterpart(relation->text);
+  diagnostics_.Add(relation->range,
+                   "'" + relation->text + "' asserts, but '" + symbol.text +
+                       "' needs a truth value; did you mean " +
+                       (question.empty() ? "'not ... == ...'" : "'" + std::string(question) + "'") +
+                       "?");
+  return false;
 }
 
 std::optional<Operand> ExpressionCompiler::CompileCall(const Call& call, SourceRange range) {
@@ -207,6 +253,9 @@ std::optional<Operand> ExpressionCompiler::ApplyUnary(const Word& symbol, const 
   }
   const Row* row = FindRow(symbol, {&operand});
   if (row == nullptr || !CheckPropagates(*row, symbol, {&operand})) return std::nullopt;
+  if (const auto truth = GetConstantTruth(operand); truth && symbol.text == "not") {
+    return CompileTruth(!*truth, range);
+  }
   return Post(*row, operand, nullptr, true, range);
 }
 
@@ -217,6 +266,9 @@ std::optional<Operand> ExpressionCompiler::ApplyBinary(const Word& symbol, const
   }
   const SourceRange range = Join(left.range, right.range);
   if (left.constant && right.constant) {
+    if (const auto answer = FoldQuestion(symbol.text, *left.constant, *right.constant)) {
+      return CompileTruth(*answer, range);
+    }
     const FoldedConstant folded = FoldBinary(symbol.text, *left.constant, *right.constant);
     if (folded.value) return Operand{folded.value, KivOmbNetwork::kNone, range};
     if (!folded.error.empty()) {
@@ -229,7 +281,26 @@ std::optional<Operand> ExpressionCompiler::ApplyBinary(const Word& symbol, const
   if (symbol.text == "*" && left.constant) return ApplyScaling(*row, left, right, range);
   if (symbol.text == "*" && right.constant) return ApplyScaling(*row, right, left, range);
   if (!CheckPropagates(*row, symbol, {&left, &right})) return std::nullopt;
+  const bool constant_truth = GetConstantTruth(left) || GetConstantTruth(right);
+  if (constant_truth && FoldConnective(symbol.text, true, true)) {
+    return ApplyToConstantTruth(symbol, left, right);
+  }
   return Post(*row, left, &right, true, range);
+}
+
+// The open operand alone decides: the value is constant, that operand or its negation.
+std::optional<Operand> ExpressionCompiler::ApplyToConstantTruth(const Word& symbol,
+                                                                const Operand& left,
+                                                                const Operand& right) {
+  const auto left_truth = GetConstantTruth(left);
+  const auto right_truth = GetConstantTruth(right);
+  const auto value_for = [&](bool open) {
+    return *FoldConnective(symbol.text, left_truth.value_or(open), right_truth.value_or(open));
+  };
+  const SourceRange range = Join(left.range, right.range);
+  if (value_for(false) == value_for(true)) return CompileTruth(value_for(true), range);
+  const Operand& open = left_truth ? right : left;
+  return value_for(true) ? open : ApplyUnary({"not", symbol.range}, open, range);
 }
 
 std::optional<Operand> ExpressionCompiler::ApplyRelation(const Word& symbol, const Operand& left,
@@ -272,6 +343,10 @@ const KivOmbiCompoundObjectDescriptor* ExpressionCompiler::FindRow(
                                        (count == 1 ? " operand" : " operands"));
   } else {
     notes.insert(notes.begin(), '\'' + symbol.text + "' is known for:");
+    if (symbol.text == "not" || IsConnective(GetPrecedence(symbol.text))) {
+      notes.push_back("'x == 1' has a truth value; 'x = 1' asserts and binds looser");
+    }
+    if (symbol.text == "=>") notes.push_back("greater or equal is written '>='");
     diagnostics_.Add(symbol.range,
                      "operator '" + symbol.text + "' is not known for " + DescribeKinds(operands),
                      notes);

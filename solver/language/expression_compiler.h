@@ -44,6 +44,10 @@ class KIV_EXPORT ExpressionCompiler {
   std::optional<KivOmbNetwork::VariableId> AddVariable(const KivOmbiObjectDescriptor& kind,
                                                        SourceRange range);
   const KivOmbiObjectDescriptor& GetKind(const Operand& operand) const;
+  // Whether the operand is a boolean.
+  bool IsTruth(const Operand& operand) const;
+  // The boolean `operand` must be true.
+  void AssertTruth(const Operand& operand);
 
  private:
   using Row = KivOmbiCompoundObjectDescriptor;
@@ -53,13 +57,21 @@ class KIV_EXPORT ExpressionCompiler {
   std::optional<Operand> CompileElement(const Scope::Array& array, const Reference& reference,
                                         SourceRange range);
   std::optional<Operand> CompileChain(const Chain& chain);
+  std::optional<Operand> CompileUnary(const UnaryApplication& application, SourceRange range);
   std::optional<Operand> CompileCall(const Call& call, SourceRange range);
   std::optional<Operand> ApplyUnary(const Word& symbol, const Operand& operand, SourceRange range);
   std::optional<Operand> ApplyBinary(const Word& symbol, const Operand& left, const Operand& right);
   std::optional<Operand> ApplyRelation(const Word& symbol, const Operand& left,
                                        const Operand& right);
+  // A connective, or `==`, over booleans, one of which at least is the constant true or false.
+  std::optional<Operand> ApplyToConstantTruth(const Word& symbol, const Operand& left,
+                                              const Operand& right);
   std::optional<Operand> ApplyScaling(const Row& row, const Operand& coefficient,
                                       const Operand& operand, SourceRange range);
+  // Reports an operand of a connective or of `not` that asserts instead of having a truth value.
+  bool CheckAsks(const Word& symbol, const Expression& operand);
+  // The constant that a boolean operand is, where it is one.
+  std::optional<bool> GetConstantTruth(const Operand& operand) const;
   // The row for these operands; null, reported, when there is none.
   const Row* FindRow(const Word& symbol, const std::vector<const Operand*>& operands);
   // Reports a row whose constraint does not propagate.

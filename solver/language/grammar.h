@@ -27,6 +27,12 @@ struct unary_word
     : p::sor<whole_word<TAO_PEGTL_STRING("abs")>, whole_word<TAO_PEGTL_STRING("next")>,
              whole_word<TAO_PEGTL_STRING("prev")>, whole_word<TAO_PEGTL_STRING("sign")>> {};
 struct mod_word : whole_word<TAO_PEGTL_STRING("mod")> {};
+struct div_word : whole_word<TAO_PEGTL_STRING("div")> {};
+struct and_word : whole_word<TAO_PEGTL_STRING("and")> {};
+struct or_word : whole_word<TAO_PEGTL_STRING("or")> {};
+struct xor_word : whole_word<TAO_PEGTL_STRING("xor")> {};
+struct binary_word : p::sor<mod_word, div_word, and_word, or_word, xor_word> {};
+struct not_word : whole_word<TAO_PEGTL_STRING("not")> {};
 struct any_word : whole_word<TAO_PEGTL_STRING("Any")> {};
 struct true_word : whole_word<TAO_PEGTL_STRING("true")> {};
 struct false_word : whole_word<TAO_PEGTL_STRING("false")> {};
@@ -34,8 +40,8 @@ struct param_word : whole_word<TAO_PEGTL_STRING("param")> {};
 struct for_word : whole_word<TAO_PEGTL_STRING("for")> {};
 struct in_word : whole_word<TAO_PEGTL_STRING("in")> {};
 struct solve_word : whole_word<TAO_PEGTL_STRING("solve")> {};
-struct keyword : p::sor<unary_word, mod_word, any_word, true_word, false_word, param_word, for_word,
-                        in_word, solve_word> {};
+struct keyword : p::sor<unary_word, binary_word, not_word, any_word, true_word, false_word,
+                        param_word, for_word, in_word, solve_word> {};
 
 struct identifier : p::seq<p::not_at<keyword>, p::identifier> {};
 struct name : p::seq<blanks, identifier> {
@@ -60,6 +66,7 @@ struct semicolon : punctuation<';'> {
 
 struct expression;
 struct operand;
+struct term;
 
 template <char Closing>
 struct closing : symbol<Closing> {
@@ -99,7 +106,7 @@ struct many_word_cast : p::seq<p::one<'('>, p::rep_min<2, p::seq<blanks, kind_wo
 };
 struct operand_start : p::seq<blanks, p::sor<p::identifier_first, p::digit, p::one<'('>>> {};
 struct one_word_cast : p::seq<p::one<'('>, blanks, kind_word, symbol<')'>, p::at<operand_start>,
-                              p::not_at<blanks, mod_word>> {};
+                              p::not_at<blanks, binary_word>> {};
 struct cast : p::sor<many_word_cast, one_word_cast> {};
 struct unary_operator : p::sor<p::one<'-'>, unary_word> {};
 struct unary
@@ -111,13 +118,27 @@ struct operand : p::seq<blanks, p::sor<unary, p::seq<primary, p::opt<power>>>> {
   static constexpr const char* kName = "an operand";
 };
 
-// The longest first: "<==" is not "<" and "==".
-struct binary_operator
+// The operators that bind tighter than `not`; the longest first.
+struct inner_symbol
     : p::sor<p::string<'<', '=', '='>, p::string<'>', '=', '='>, p::string<'=', '='>,
-             p::string<'<', '<'>, p::string<'>', '>'>, p::string<'<', '>'>, p::string<'<', '='>,
-             p::string<'>', '='>, p::string<'/', '\\'>, p::string<'\\', '/'>,
-             p::one<'=', '<', '>', '+', '-', '*', '/'>, mod_word> {};
-struct expression : p::seq<operand, p::star<blanks, binary_operator, expect<operand>>> {};
+             p::string<'<', '<'>, p::string<'>', '>'>, p::string<'/', '\\'>, p::string<'\\', '/'>,
+             p::one<'+', '-', '*', '/'>, mod_word, div_word> {};
+struct outer_symbol
+    : p::sor<p::string<'=', '>'>, p::string<'<', '>'>, p::string<'<', '='>, p::string<'>', '='>,
+             p::one<'=', '<', '>'>, and_word, or_word, xor_word> {};
+struct inner_operator : p::seq<inner_symbol> {};
+// The inner ones first: "<==" is not "<=" and "=".
+struct binary_operator : p::sor<inner_symbol, outer_symbol> {};
+
+// What `not` takes reaches as far as the operators that bind tighter.
+struct negated : p::seq<term, p::star<blanks, inner_operator, expect<term>>> {
+  static constexpr const char* kName = "an operand";
+};
+struct negation : p::seq<blanks, not_word, expect<negated>> {};
+struct term : p::sor<negation, operand> {
+  static constexpr const char* kName = "an operand";
+};
+struct expression : p::seq<term, p::star<blanks, binary_operator, expect<term>>> {};
 
 // Declarations.
 struct kind : p::plus<p::seq<blanks, kind_word>> {

@@ -1,6 +1,5 @@
 #include "solver/language/model_compiler.h"
 
-#include <array>
 #include <optional>
 #include <utility>
 #include <variant>
@@ -16,10 +15,6 @@
 
 namespace kiv {
 namespace {
-
-// The relation that asserts what a boolean relation only asks.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 5> kAssertions = {
-    {{"==", "="}, {"<<", "<"}, {"<==", "<="}, {">>", ">"}, {">==", ">="}}};
 
 class ModelCompiler {
  public:
@@ -67,27 +62,18 @@ class ModelCompiler {
       return;
     }
     const std::optional<Operand> value = expressions_.Compile(expression);
-    const Word* symbol = FindOutermostOperator(expression);
-    const bool relation = symbol != nullptr && GetPrecedence(symbol->text) == Precedence::kRelation;
-    if (!value || relation) return;
-
-    for (const auto& [question, assertion] : kAssertions) {
-      if (symbol != nullptr && symbol->text == question) {
-        diagnostics_.Add(symbol->range, "this asserts nothing: '" + std::string(question) +
+    if (!value || FindOutermost(Precedence::kRelation, expression) != nullptr) return;
+    if (const Word* question = FindOutermost(Precedence::kBooleanRelation, expression)) {
+      diagnostics_.Add(question->range, "this asserts nothing: '" + question->text +
                                             "' only has a truth value; did you mean '" +
-                                            std::string(assertion) + "'?");
-        return;
-      }
+                                            std::string(GetCounterpart(question->text)) + "'?");
+    } else if (expressions_.IsTruth(*value)) {
+      expressions_.AssertTruth(*value);
+    } else {
+      diagnostics_.Add(expression.range,
+                       "this asserts nothing; a constraint is a relation such as 'x = y', a truth "
+                       "value such as 't or x == y', or 'all_different(...)'");
     }
-    diagnostics_.Add(expression.range,
-                     "this asserts nothing; a constraint is a relation such as 'x = y' or "
-                     "'all_different(...)'");
-  }
-
-  // The operator that is applied last, or null when that is none between two operands.
-  static const Word* FindOutermostOperator(const Expression& expression) {
-    const auto* chain = std::get_if<Chain>(&expression.form);
-    return chain != nullptr ? &chain->operators.back() : nullptr;
   }
 
   void CompileAllDifferent(const Call& call, SourceRange range) {

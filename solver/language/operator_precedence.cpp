@@ -19,6 +19,10 @@ constexpr std::array kOperators = {
     Entry{"<=", Precedence::kRelation},
     Entry{">", Precedence::kRelation},
     Entry{">=", Precedence::kRelation},
+    Entry{"=>", Precedence::kImplication},
+    Entry{"or", Precedence::kDisjunction},
+    Entry{"xor", Precedence::kExclusiveOr},
+    Entry{"and", Precedence::kConjunction},
     Entry{"==", Precedence::kBooleanRelation},
     Entry{"<<", Precedence::kBooleanRelation},
     Entry{"<==", Precedence::kBooleanRelation},
@@ -31,8 +35,17 @@ constexpr std::array kOperators = {
     Entry{"*", Precedence::kProduct},
     Entry{"/", Precedence::kProduct},
     Entry{"mod", Precedence::kProduct},
+    Entry{"div", Precedence::kProduct},
     Entry{"^", Precedence::kPower},
 };
+
+struct Pair {
+  std::string_view assertion;
+  std::string_view question;
+};
+
+constexpr std::array kCounterparts = {Pair{"=", "=="}, Pair{"<", "<<"}, Pair{"<=", "<=="},
+                                      Pair{">", ">>"}, Pair{">=", ">=="}};
 
 // Walks the operators once and opens a chain for each level that is tighter than the one around it,
 // so that it nests no deeper than there are levels.
@@ -89,6 +102,20 @@ Precedence GetPrecedence(std::string_view symbol) {
     if (entry.symbol == symbol) return entry.precedence;
   }
   return Precedence::kPower;
+}
+
+std::string_view GetCounterpart(std::string_view relation) {
+  for (const auto& [assertion, question] : kCounterparts) {
+    if (relation == assertion) return question;
+    if (relation == question) return assertion;
+  }
+  return {};
+}
+
+const Word* FindOutermost(Precedence precedence, const Expression& expression) {
+  const auto* chain = std::get_if<Chain>(&expression.form);
+  if (chain == nullptr || GetPrecedence(chain->operators.back().text) != precedence) return nullptr;
+  return &chain->operators.back();
 }
 
 Expression GroupByPrecedence(FlatExpression flat, Diagnostics& diagnostics) {

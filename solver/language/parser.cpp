@@ -40,6 +40,8 @@ struct Action : pegtl::nothing<Rule> {};
 template <>
 struct Action<g::operand> : pegtl::limit_depth<kDeepestNesting> {};
 template <>
+struct Action<g::negation> : pegtl::limit_depth<kDeepestNesting> {};
+template <>
 struct Action<g::loop> : pegtl::limit_depth<kDeepestNesting> {};
 
 // The rules that leave a node.
@@ -49,8 +51,9 @@ using Selector = pegtl::parse_tree::selector<
               g::number, g::digits, g::truth, g::group, g::reference, g::word_call, g::identifier,
               g::called_word, g::arguments, g::index, g::unary, g::unary_operator, g::cast,
               g::kind_word, g::power, g::power_operator, g::operand, g::binary_operator,
-              g::expression, g::kind, g::any_domain, g::set_domain, g::interval_domain,
-              g::value_domain, g::sentence, g::parameter, g::loop_range, g::loop, g::solve>>;
+              g::not_word, g::negated, g::negation, g::inner_operator, g::expression, g::kind,
+              g::any_domain, g::set_domain, g::interval_domain, g::value_domain, g::sentence,
+              g::parameter, g::loop_range, g::loop, g::solve>>;
 
 // Makes the syntax tree from the nodes of a parse.
 class TreeBuilder {
@@ -192,11 +195,20 @@ class TreeBuilder {
     for (const auto& child : node.children) {
       if (child->is_type<g::operand>()) {
         flat.operands.push_back(BuildOperand(*child));
+      } else if (child->is_type<g::negation>()) {
+        flat.operands.push_back(BuildNegation(*child));
       } else {
         flat.operators.push_back(BuildWord(*child));
       }
     }
     return GroupByPrecedence(std::move(flat), diagnostics_);
+  }
+
+  Expression BuildNegation(const Node& node) {
+    Word symbol = BuildWord(*node.children[0]);
+    auto operand = std::make_unique<Expression>(BuildExpression(*node.children[1]));
+    const SourceRange range = Join(symbol.range, operand->range);
+    return {range, UnaryApplication{std::move(symbol), std::move(operand)}};
   }
 
   Expression BuildOperand(const Node& node) {

@@ -35,14 +35,15 @@ struct Reference {
   std::unique_ptr<Expression> index;  // may be null
 };
 
-// `-e`, `abs e`, `(interval int) e`: the symbol is that of the operator's row.
+// `-e`, `abs e`, `not e`, `(interval int) e`: the symbol is that of the operator's row.
 struct UnaryApplication {
   Word symbol;
   std::unique_ptr<Expression> operand;
 };
 
-// `a + b - c`: operators of one level of precedence, applied from left to right. There is one more
-// operand than operators. A chain of relations has this form, too, and so has `a ^ b`.
+// `a + b - c`: operators of one level of precedence, applied from left to right, but `=>` from
+// right to left. There is one more operand than operators. A chain of relations has this form, too,
+// and so has `a ^ b`.
 struct Chain {
   std::vector<Expression> operands;
   std::vector<Word> operators;
@@ -55,7 +56,7 @@ struct Call {
 };
 
 struct Expression {
-  SourceRange range;
+  SourceRange range;  // with the parentheses around it
   std::variant<IntegerLiteral, BooleanLiteral, Reference, UnaryApplication, Chain, Call> form;
 };
 

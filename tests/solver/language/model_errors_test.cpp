@@ -60,6 +60,9 @@ TEST(SyntaxErrors, SayWhatWasExpectedAndWhatIsThere) {
             "m.kiv:1:15: error: expected an operator, ',' or '{', found 'x'");
   EXPECT_EQ(FirstLine("for i in 1..3 { solve; }"),
             "m.kiv:1:17: error: expected a constraint, 'for' or '}', found 'solve'");
+  EXPECT_EQ(FirstLine("a or not; solve;"), "m.kiv:1:9: error: expected an operand, found ';'");
+  EXPECT_EQ(FirstLine("-not a; solve;"), "m.kiv:1:2: error: expected an operand, found 'not'");
+  EXPECT_EQ(FirstLine("xor : bool; solve;"), "m.kiv:1:1: error: expected a statement, found 'xor'");
   EXPECT_EQ(FirstLine("12ab = x; solve;"),
             "m.kiv:1:3: error: expected an operator after the number, found 'ab'");
   EXPECT_EQ(FirstLine("} solve;"), "m.kiv:1:1: error: expected a statement, found '}'");
@@ -188,12 +191,14 @@ TEST(DomainErrors, RefuseInfinities) {
 
 TEST(ConstantErrors, NameTheOperatorOrTheNumber) {
   EXPECT_EQ(
-      LinesWithVariables("x = 10 / 4; x = 1 mod 0; x = 2^63; x = y + 2147483647; x = y * 2^40;"),
+      LinesWithVariables(
+          "x = 10 / 4; x = 1 div 0; x = 1 mod 0; x = 2^63; x = y + 2147483647; x = y * 2^40;"),
       "m.kiv:2:8: error: the division 10 / 4 is not exact\n"
-      "m.kiv:2:19: error: remainder of a division by zero\n"
-      "m.kiv:2:31: error: the constant does not fit 64 bits\n"
-      "m.kiv:2:44: error: the constant 2147483647 is outside -2147483646..2147483646\n"
-      "m.kiv:2:64: error: the constant 1099511627776 is outside -2147483646..2147483646\n");
+      "m.kiv:2:19: error: division by zero\n"
+      "m.kiv:2:32: error: remainder of a division by zero\n"
+      "m.kiv:2:44: error: the constant does not fit 64 bits\n"
+      "m.kiv:2:57: error: the constant 2147483647 is outside -2147483646..2147483646\n"
+      "m.kiv:2:77: error: the constant 1099511627776 is outside -2147483646..2147483646\n");
   EXPECT_EQ(Lines("param n : int = 2147483647; param m : bool = 1; param k : int = n*x; solve;"),
             "m.kiv:1:17: error: the value 2147483647 is outside -2147483646..2147483646\n"
             "m.kiv:1:39: error: a parameter is an 'int'\n"
@@ -223,21 +228,52 @@ TEST(OperatorErrors, ListTheRowsThatExist) {
 
 TEST(StatementErrors, AStatementMustAssertSomething) {
   EXPECT_EQ(
-      LinesWithVariables("x == y; x << y; x + y; t; x; 3; (x < y) + 1;"),
+      LinesWithVariables("x == y; x << y; x + y; (t == t); x; 3; (x < y) + 1;"),
       "m.kiv:2:3: error: this asserts nothing: '==' only has a truth value; did you mean "
       "'='?\n"
       "m.kiv:2:11: error: this asserts nothing: '<<' only has a truth value; did you mean "
       "'<'?\n"
-      "m.kiv:2:17: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n"
-      "m.kiv:2:24: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n"
-      "m.kiv:2:27: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n"
-      "m.kiv:2:30: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n"
-      "m.kiv:2:33: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n");
+      "m.kiv:2:17: error: this asserts nothing; a constraint is a relation such as 'x = y', a "
+      "truth "
+      "value such as 't or x == y', or 'all_different(...)'\n"
+      "m.kiv:2:27: error: this asserts nothing: '==' only has a truth value; did you mean '='?\n"
+      "m.kiv:2:34: error: this asserts nothing; a constraint is a relation such as 'x = y', a "
+      "truth "
+      "value such as 't or x == y', or 'all_different(...)'\n"
+      "m.kiv:2:37: error: this asserts nothing; a constraint is a relation such as 'x = y', a "
+      "truth "
+      "value such as 't or x == y', or 'all_different(...)'\n"
+      "m.kiv:2:40: error: this asserts nothing; a constraint is a relation such as 'x = y', a "
+      "truth "
+      "value such as 't or x == y', or 'all_different(...)'\n");
+}
+
+TEST(StatementErrors, ConnectivesNeedTruthValues) {
+  EXPECT_EQ(LinesWithVariables("(x = 1) or t; t and (x <= y <> 1); not (x >= 1); t => (t = t);"),
+            "m.kiv:2:4: error: '=' asserts, but 'or' needs a truth value; did you mean '=='?\n"
+            "m.kiv:2:29: error: '<>' asserts, but 'and' needs a truth value; did you mean 'not ... "
+            "== ...'?\n"
+            "m.kiv:2:43: error: '>=' asserts, but 'not' needs a truth value; did you mean '>=='?\n"
+            "m.kiv:2:58: error: '=' asserts, but '=>' needs a truth value; did you mean '=='?\n");
+  EXPECT_EQ(ErrorsOf("x, y : enum int = [1, 3];\nx = 1 or y = 2;\nsolve;\n"),
+            "m.kiv:2:7: error: operator 'or' is not known for int, enum int\n"
+            "  x = 1 or y = 2;\n"
+            "        ^~\n"
+            "  'or' is known for:\n"
+            "  bool, bool -> bool\n"
+            "  'x == 1' has a truth value; 'x = 1' asserts and binds looser\n");
+  EXPECT_EQ(ErrorsOf("x : enum int = [1, 3];\nx => 2;\nsolve;\n"),
+            "m.kiv:2:3: error: operator '=>' is not known for enum int, int\n"
+            "  x => 2;\n"
+            "    ^~\n"
+            "  '=>' is known for:\n"
+            "  bool, bool -> bool\n"
+            "  'x == 1' has a truth value; 'x = 1' asserts and binds looser\n"
+            "  greater or equal is written '>='\n");
+  // A constant truth value does not hide that the other operand is none.
+  EXPECT_EQ(LinesWithVariables("true or x; not 1;"),
+            "m.kiv:2:6: error: operator 'or' is not known for bool, enum int\n"
+            "m.kiv:2:12: error: operator 'not' is not known for int\n");
 }
 
 TEST(StatementErrors, AllDifferentIsAStatementOverIntegers) {

@@ -65,9 +65,31 @@ TEST(Parser, AppliesTighterOperatorsFirst) {
   EXPECT_EQ(Read("a * b + c * d - e * f = 0"), "(((a * b) + (c * d) - (e * f)) = 0)");
 }
 
+TEST(Parser, PutsConnectivesBetweenAssertionsAndQuestions) {
+  EXPECT_EQ(Read("a => b or c xor d and e"), "(a => (b or (c xor (d and e))))");
+  EXPECT_EQ(Read("a and b xor c or d => e"), "((((a and b) xor c) or d) => e)");
+  EXPECT_EQ(Read("t = a and b"), "(t = (a and b))");
+  EXPECT_EQ(Read("t = a => b = c"), "(t = (a => b) = c)");
+  EXPECT_EQ(Read("x == y and 1 << z"), "((x == y) and (1 << z))");
+  EXPECT_EQ(Read("a and b and c or d or e"), "((a and b and c) or d or e)");
+  EXPECT_EQ(Read("a => b => c"), "(a => b => c)");
+  EXPECT_EQ(Read("(a) and (b) or (c) xor (d) div e"), "((a and b) or (c xor (d div e)))");
+}
+
+TEST(Parser, NegatesQuestionsButNotConnectives) {
+  EXPECT_EQ(Read("not a and b"), "((not a) and b)");
+  EXPECT_EQ(Read("not x + 1 == y or b"), "((not ((x + 1) == y)) or b)");
+  EXPECT_EQ(Read("a xor not not b => c"), "((a xor (not (not b))) => c)");
+  EXPECT_EQ(Read("t = not x << y"), "(t = (not (x << y)))");
+  EXPECT_EQ(Read("not a <= b"), "((not a) <= b)");
+  EXPECT_EQ(Read("a == not b == c"), "(a == (not (b == c)))");
+  EXPECT_EQ(Read("not (a and b)"), "(not (a and b))");
+  EXPECT_EQ(Read("not not_a"), "(not not_a)");
+}
+
 TEST(Parser, AppliesOperatorsOfOneLevelFromTheLeft) {
   EXPECT_EQ(Read("a - b + c - d"), "(a - b + c - d)");
-  EXPECT_EQ(Read("a * b / c mod d"), "(a * b / c mod d)");
+  EXPECT_EQ(Read("a * b / c mod d div e"), "(a * b / c mod d div e)");
   EXPECT_EQ(Read("a - (b + c) - d"), "(a - (b + c) - d)");
   EXPECT_EQ(Read("0 <= x < y <> z"), "(0 <= x < y <> z)");
 }
@@ -102,6 +124,7 @@ TEST(Parser, ReadsConversions) {
   // One word in parentheses is a name wherever an expression can go on.
   EXPECT_EQ(Read("(x) - y"), "(x - y)");
   EXPECT_EQ(Read("(x) mod y"), "(x mod y)");
+  EXPECT_EQ(Read("(x) or y"), "(x or y)");
   EXPECT_EQ(Read("(x)"), "x");
 }
 
@@ -113,7 +136,10 @@ TEST(Parser, TellsLongOperatorsFromShortOnes) {
   EXPECT_EQ(Read("a<<b"), "(a << b)");
   EXPECT_EQ(Read("a/\\b"), "(a /\\ b)");
   EXPECT_EQ(Read("a/b"), "(a / b)");
+  EXPECT_EQ(Read("a=>b"), "(a => b)");
+  EXPECT_EQ(Read("a>=b"), "(a >= b)");
   EXPECT_EQ(Read("modulus mod model"), "(modulus mod model)");
+  EXPECT_EQ(Read("order or android and notes"), "(order or (android and notes))");
   EXPECT_EQ(Read("true1 = true"), "(true1 = true)");
 }
 
@@ -192,10 +218,12 @@ TEST(Parser, NestsToTheDepthThatIsPromised) {
   EXPECT_EQ(Read(Repeat("(", most) + 'x' + Repeat(")", most)), "x");
   EXPECT_EQ(Read(Repeat("f(", most) + 'x' + Repeat(")", most)),
             Repeat("f(", most) + 'x' + Repeat(")", most));
+  EXPECT_EQ(Read(Repeat("not ", most) + 'x'), Repeat("(not ", most) + 'x' + Repeat(")", most));
 }
 
 TEST(Parser, RefusesToNestDeeper) {
-  for (const std::string open : {"(", "f(", "c[", "-", "abs ", "2^", "(int) ", "for i in 1..2 {"}) {
+  for (const std::string open :
+       {"(", "f(", "c[", "-", "abs ", "not ", "a == not ", "2^", "(int) ", "for i in 1..2 {"}) {
     const SourceText source("m.kiv", Repeat(open, 100000));
     Diagnostics diagnostics(source);
     EXPECT_FALSE(ParseModel(source, diagnostics));
