@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "framework/abstract_types/boolean.h"
 #include "solver/constraints/linear_disequality.h"
 #include "solver/constraints/linear_equation.h"
 #include "solver/constraints/linear_support.h"
+#include "solver/constraints/truth.h"
 
 namespace kiv {
 
@@ -31,16 +31,14 @@ std::int64_t LinearReified::Filter(const KivOmbiObjectEnvironment& environment, 
   const unsigned truth = sum_.Count();
   const bool is_implication = reification_ == Reification::kImplication;
   if (environment.Summary(truth).IsFixed()) {
-    if (environment.Summary(truth).lower != 0) return Impose(environment, relation_);
+    if (IsKnown(environment.Summary(truth), true)) return Impose(environment, relation_);
     return is_implication ? kKivEntailed : Impose(environment, NegationOf(relation_));
   }
   const std::optional<bool> holds = Decide(environment);
   if (!holds) return kKivAtFixpoint;
   if (*holds && is_implication) return kKivEntailed;
-  const bool possible = environment.NarrowAny(truth, [&](KivOmbiAny& domain) {
-    return static_cast<KivOmbiBoolean&>(domain).CalcTruthValue(*holds);
-  });
-  return possible ? kKivEntailed : kKivContradiction;
+  if (const auto result = SetTruth(environment, truth, *holds)) return result;
+  return kKivEntailed;
 }
 
 std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& environment) const {
