@@ -40,9 +40,10 @@ ElementOfConstants::ElementOfConstants(std::vector<std::int32_t> elements, std::
 
 std::int64_t ElementOfConstants::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   if (elements_.empty()) return Empty(environment, kX);
-  if (const auto result = TightenLower(environment, kX, first_)) return result;
-  if (const auto result = TightenUpper(environment, kX, Last())) return result;
-  if (const auto result = NarrowIndex(environment)) return result;
+  const auto narrowed = KeepValuesBetween(environment, kX, first_, Last(), [&](std::int32_t index) {
+    return IsSupported(environment, index);
+  });
+  if (narrowed != 0) return narrowed;
   if (const auto result = NarrowValue(environment)) return result;
 
   // The pairs (index, element) left are those that were found, even where a kind kept more values.
@@ -55,29 +56,6 @@ bool ElementOfConstants::IsSupported(const KivOmbiObjectEnvironment& environment
   const std::int32_t element = elements_[static_cast<std::size_t>(index - first_)];
   if (environment.IsSame(kX, kZ)) return element == index;
   return environment.Integer(kZ).MayBe(element);
-}
-
-KivOmbiFilterResult ElementOfConstants::NarrowIndex(
-    const KivOmbiObjectEnvironment& environment) const {
-  const auto is_supported = [&](std::int32_t index) { return IsSupported(environment, index); };
-  if (environment.Summary(kX).IsAny()) {
-    const bool possible = TakeValues(environment, kX, [&](auto&& add) {
-      for (std::int64_t index = first_; index <= Last(); ++index) {
-        const auto candidate = static_cast<std::int32_t>(index);
-        if (is_supported(candidate)) add(candidate);
-      }
-    });
-    return possible ? 0 : kKivContradiction;
-  }
-  if (IsListable(environment.Summary(kX))) return KeepValues(environment, kX, is_supported);
-
-  std::int64_t lower = environment.Summary(kX).lower;
-  std::int64_t upper = environment.Summary(kX).upper;
-  while (lower <= upper && !IsSupported(environment, lower)) ++lower;
-  while (lower <= upper && !IsSupported(environment, upper)) --upper;
-  if (lower > upper) return Empty(environment, kX);
-  if (const auto result = TightenLower(environment, kX, lower)) return result;
-  return TightenUpper(environment, kX, upper);
 }
 
 KivOmbiFilterResult ElementOfConstants::NarrowValue(const KivOmbiObjectEnvironment& environment) {
