@@ -21,6 +21,9 @@ namespace {
 using VariableId = KivOmbNetwork::VariableId;
 
 TEST(SteadyState, ConstraintsOverArraysAllocateNothing) {
+#ifndef NDEBUG
+  GTEST_SKIP() << "the checks of what constraints claim take memory of their own";
+#endif
   KivOmbNetwork network;
   std::vector<VariableId> integers;
   for (int i = 0; i < 13; ++i) {
