@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/supports.h"
+#include "solver/constraints/value_sets.h"
 #include "solver/constraints/values.h"
 
 namespace kiv {
@@ -16,8 +16,6 @@ enum Argument : unsigned { kX, kZ, kArguments };
 
 const KivOmbiConstraintDescriptor descriptor("kiv::ElementOfConstants", kArguments, 0, true);
 
-bool IsFinite(std::int64_t value) { return SubIntBase::kMin < value && value < SubIntBase::kMax; }
-
 }  // namespace
 
 ElementOfConstants::ElementOfConstants(std::vector<std::int32_t> elements, std::int32_t first)
@@ -25,8 +23,8 @@ ElementOfConstants::ElementOfConstants(std::vector<std::int32_t> elements, std::
       elements_(std::move(elements)),
       first_(first),
       values_(elements_) {
-  const bool has_indices = elements_.empty() || (IsFinite(first_) && IsFinite(Last()));
-  if (!has_indices || !std::ranges::all_of(elements_, IsFinite)) {
+  const bool has_indices = elements_.empty() || (IsValue(first_) && IsValue(Last()));
+  if (!has_indices || !std::ranges::all_of(elements_, IsValue)) {
     throw std::invalid_argument("an array with an element or an index beyond the integers");
   }
   std::ranges::sort(values_);
@@ -40,7 +38,7 @@ ElementOfConstants::ElementOfConstants(std::vector<std::int32_t> elements, std::
 
 std::int64_t ElementOfConstants::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   if (elements_.empty()) return Empty(environment, kX);
-  const auto narrowed = KeepValuesBetween(environment, kX, first_, Last(), [&](std::int32_t index) {
+  const auto narrowed = KeepIfBetween(environment, kX, first_, Last(), [&](std::int32_t index) {
     return IsSupported(environment, index);
   });
   if (narrowed != 0) return narrowed;
@@ -85,7 +83,7 @@ KivOmbiFilterResult ElementOfConstants::NarrowValue(const KivOmbiObjectEnvironme
     return 0;
   }
   if (!IsListable(environment.Summary(kZ))) return 0;
-  return KeepValues(environment, kZ, [&](std::int32_t value) {
+  return KeepIf(environment, kZ, [&](std::int32_t value) {
     const auto found = std::ranges::lower_bound(values_, value);
     return found != values_.end() && *found == value &&
            taken_[static_cast<std::size_t>(found - values_.begin())];

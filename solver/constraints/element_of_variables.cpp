@@ -41,8 +41,8 @@ bool ElementOfVariables::FindElement(const KivOmbiObjectEnvironment& environment
 
 std::int64_t ElementOfVariables::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   if (environment.Count() == kElements) return Empty(environment, kX);
-  const auto narrowed = KeepValuesBetween(
-      environment, kX, first_, Last(environment, first_), [&](std::int32_t index) {
+  const auto narrowed =
+      KeepIfBetween(environment, kX, first_, Last(environment, first_), [&](std::int32_t index) {
         return LeastCommon(environment, ElementAt(index), kZ).has_value();
       });
   if (narrowed != 0) return narrowed;
@@ -73,7 +73,7 @@ KivOmbiFilterResult ElementOfVariables::NarrowValue(
 
   // Neighbouring values are mostly found in the same element.
   unsigned last_found = kZ;
-  return KeepValues(environment, kZ, [&](std::int32_t value) {
+  return KeepIf(environment, kZ, [&](std::int32_t value) {
     if (last_found != kZ && environment.Integer(last_found).MayBe(value)) return true;
     return FindElement(environment, [&](unsigned element) {
       if (!environment.Integer(element).MayBe(value)) return false;

@@ -29,8 +29,7 @@ std::optional<std::int32_t> GreatestCommon(const KivOmbiObjectEnvironment& envir
 // Removes the values of listable argument i for which `keep` is false: first from its ends, then,
 // if its kind can have holes, between them. `keep` must not depend on the domain of i.
 template <class Keep>
-KivOmbiFilterResult KeepValues(const KivOmbiObjectEnvironment& environment, unsigned i,
-                               Keep&& keep) {
+KivOmbiFilterResult KeepIf(const KivOmbiObjectEnvironment& environment, unsigned i, Keep&& keep) {
   const KivOmbiInteger& domain = environment.Integer(i);
   std::int32_t least = environment.Summary(i).lower;
   std::int32_t greatest = environment.Summary(i).upper;
@@ -60,13 +59,13 @@ KivOmbiFilterResult KeepValues(const KivOmbiObjectEnvironment& environment, unsi
 // Argument i keeps the values from `lower` to `upper`, two values of a variable, for which `keep`
 // is true, as far as its kind and size allow. `keep` is only asked about values in between.
 template <class Keep>
-KivOmbiFilterResult KeepValuesBetween(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                      std::int64_t lower, std::int64_t upper, Keep&& keep) {
+KivOmbiFilterResult KeepIfBetween(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                  std::int64_t lower, std::int64_t upper, Keep&& keep) {
   if (const auto result = TightenLower(environment, i, lower)) return result;
   if (const auto result = TightenUpper(environment, i, upper)) return result;
   const KivOmbiDomainSummary& summary = environment.Summary(i);
   if (IsListable(summary)) {
-    return KeepValues(environment, i, [&](std::int32_t value) {
+    return KeepIf(environment, i, [&](std::int32_t value) {
       return lower <= value && value <= upper && keep(value);
     });
   }
