@@ -54,10 +54,6 @@ const Strategy kStrategies[] = {
      [](KivOmbNetwork& network, std::span<const VariableId> variables, const TermOffsets& offsets) {
        PostAllDifferent(network, variables, AllDifferentStrength::kBounds, offsets);
      }},
-    {"Automatic", Strength::kWeaker,
-     [](KivOmbNetwork& network, std::span<const VariableId> variables, const TermOffsets& offsets) {
-       PostAllDifferent(network, variables, AllDifferentStrength::kAutomatic, offsets);
-     }},
 };
 
 class AllDifferentStrengths : public testing::TestWithParam<Strategy> {};
