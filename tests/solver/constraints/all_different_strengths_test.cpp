@@ -208,6 +208,26 @@ TEST(AllDifferentStrength, AnOpenBoundIsNoValueToLose) {
   }
 }
 
+// All that is left for the open one lies beyond the integers, as long as it is open.
+TEST(AllDifferentStrength, AnOpenIntervalAtTheEndStaysUnderWatch) {
+  for (const auto strength : {AllDifferentStrength::kValues, AllDifferentStrength::kBounds,
+                              AllDifferentStrength::kDomain}) {
+    KivOmbNetwork network;
+    const std::array arguments{Declare(network, {Kind("int"), {2147483646}}),
+                               Declare(network, {Kind("interval int"), {}})};
+    PostAllDifferent(network, arguments, strength);
+    network.Propagate();
+    network.Update(arguments[1], [](KivOmbiAny& domain) {
+      static_cast<KivOmbiInteger&>(domain).SetLowerBound(2147483646);
+    });
+    network.Propagate();
+    network.Update(arguments[1], [](KivOmbiAny& domain) {
+      static_cast<KivOmbiInteger&>(domain).SetUpperBound(2147483646);
+    });
+    EXPECT_EQ(network.Propagate(), Outcome::kContradiction);
+  }
+}
+
 TEST(AllDifferentBounds, SleepsThroughTheLossOfInnerValues) {
   KivOmbNetwork network;
   std::vector<VariableId> variables;
