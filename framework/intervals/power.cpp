@@ -36,17 +36,18 @@ PowerValue PowerOf(SubIntBase base, SubIntBase exponent) {
 
 // For an infinite exponent a base from 0 has the power that a large finite one gives it; that of a
 // negative base is not known.
-SubdefInt BasesOf(const SubdefInt& result, const SubdefInt& bases, SubIntBase exponent) {
+SubdefInt BasesOf(const SubdefInt& result, const SubdefInt& bases, const SubdefInt& exponents) {
   const Hull hull = HullOf(bases);
-  const Hull known = Base(hull, HullOf({exponent, exponent}), PowersOf(result));
+  const Hull known = Base(hull, HullOf(exponents), PowersOf(result));
+  const bool is_finite = exponents.GetLower().IsFinite() && exponents.GetUpper().IsFinite();
   const Hull unknown{hull.lower, std::min<std::int64_t>(hull.upper, -1)};
-  return IntervalOf(exponent.IsFinite() ? known : Union(known, unknown));
+  return IntervalOf(is_finite ? known : Union(known, unknown));
 }
 
 SubdefInt ExponentsOf(const SubdefInt& result, const SubdefInt& bases, const SubdefInt& exponents) {
   Hull solutions = Exponent(HullOf(bases), HullOf(exponents), PowersOf(result));
   for (const SubIntBase end : {exponents.GetLower(), exponents.GetUpper()}) {
-    if (end.IsFinite() || BasesOf(result, bases, end).IsEmpty()) continue;
+    if (end.IsFinite() || BasesOf(result, bases, {end, end}).IsEmpty()) continue;
     solutions = Union(solutions, HullOf({end, end}));
   }
   return IntervalOf(solutions);

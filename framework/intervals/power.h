@@ -19,9 +19,10 @@ struct PowerValue {
 };
 KIV_EXPORT PowerValue PowerOf(SubIntBase base, SubIntBase exponent);
 
-// The hull of those bases in `bases` whose power for `exponent` is in `result` or not known; empty
-// when there are none.
-KIV_EXPORT SubdefInt BasesOf(const SubdefInt& result, const SubdefInt& bases, SubIntBase exponent);
+// The hull of those bases in `bases` whose power for some exponent of `exponents` is in `result` or
+// not known; empty when there are none.
+KIV_EXPORT SubdefInt BasesOf(const SubdefInt& result, const SubdefInt& bases,
+                             const SubdefInt& exponents);
 
 // The hull of those exponents in `exponents` for which some base of `bases` has a power that is in
 // `result` or not known; empty when there are none.

@@ -1,11 +1,11 @@
 #include "solver/language/expression_compiler.h"
 
-#include <array>
 #include <utility>
 
 #include "framework/abstract_types/boolean.h"
 #include "framework/abstract_types/integer.h"
-#include "solver/constraints/scaling.h"
+#include "solver/constraints/linear_posting.h"
+#include "solver/language/aggregate_compiler.h"
 #include "solver/language/constant_folding.h"
 #include "solver/language/declared_domain.h"
 #include "solver/language/near_name.h"
@@ -22,13 +22,14 @@ std::string OutOfRange(std::int64_t value) {
 }  // namespace
 
 ExpressionCompiler::ExpressionCompiler(CompiledModel& model, const Vocabulary& vocabulary,
-                                       const Scope& scope, ExpansionBudget& budget,
+                                       Scope& scope, ExpansionBudget& budget,
                                        Diagnostics& diagnostics)
     : model_(model),
       vocabulary_(vocabulary),
-      scope_(scope),
       budget_(budget),
       diagnostics_(diagnostics),
+      references_(*this, scope, budget, diagnostics),
+      generators_(*this, scope, budget, diagnostics),
       constant_kind_(*vocabulary.FindKind("int")) {}
 
 std::optional<Operand> ExpressionCompiler::Compile(const Expression& expression) {
@@ -39,13 +40,21 @@ std::optional<Operand> ExpressionCompiler::Compile(const Expression& expression)
   } else if (const auto* truth = std::get_if<BooleanLiteral>(&expression.form)) {
     operand = CompileTruth(truth->value, range);
   } else if (const auto* reference = std::get_if<Reference>(&expression.form)) {
-    operand = CompileReference(*reference, range);
+    operand = references_.CompileValue(*reference, range);
   } else if (const auto* unary = std::get_if<UnaryApplication>(&expression.form)) {
     operand = CompileUnary(*unary, range);
   } else if (const auto* chain = std::get_if<Chain>(&expression.form)) {
     operand = CompileChain(*chain);
+  } else if (const auto* call = std::get_if<Call>(&expression.form)) {
+    operand = CompileCall(*call, range);
+  } else if (const auto* aggregate = std::get_if<Aggregate>(&expression.form)) {
+    operand = CompileAggregate(*aggregate, range, *this, diagnostics_);
+  } else if (const auto* test = std::get_if<MembershipTest>(&expression.form)) {
+    operand = CompileMembership(*test);
+  } else if (const auto* conditional = std::get_if<ConditionalExpression>(&expression.form)) {
+    operand = CompileConditional(*conditional);
   } else {
-    operand = CompileCall(std::get<Call>(expression.form), range);
+    RefuseSeveral(expression);
   }
   // Parentheses belong to what a message shows.
   if (operand) operand->range = range;
@@ -61,6 +70,19 @@ std::optional<std::int64_t> ExpressionCompiler::CompileConstant(const Expression
                      std::string(what) + " must be made of numbers, parameters and loop variables");
   }
   return operand->constant;
+}
+
+std::optional<bool> ExpressionCompiler::CompileCondition(const Expression& condition) {
+  const std::optional<Operand> operand = Compile(condition);
+  if (!operand) return std::nullopt;
+  const std::optional<bool> truth = GetConstantTruth(*operand);
+  if (!truth) {
+    diagnostics_.Add(condition.range, IsTruth(*operand)
+                                          ? "a condition must be made of numbers, parameters and "
+                                            "loop variables"
+                                          : "a condition is a truth value such as 'i < j'");
+  }
+  return truth;
 }
 
 std::optional<KivOmbNetwork::VariableId> ExpressionCompiler::GetVariable(const Operand& operand) {
@@ -129,47 +151,32 @@ std::optional<Operand> ExpressionCompiler::CompileTruth(bool value, SourceRange 
   return Operand{std::nullopt, *fixed, range};
 }
 
-std::optional<Operand> ExpressionCompiler::CompileReference(const Reference& reference,
-                                                            SourceRange range) {
-  const Scope::Entry* entry = scope_.Find(reference.name);
-  if (entry == nullptr) {
-    std::vector<std::string> names = scope_.GetNames();
-    names.insert(names.end(), {"solve", "param", "for", "true", "false"});
-    diagnostics_.Add(
-        range, "unknown name '" + reference.name + '\'' + SuggestNearName(reference.name, names));
-    return std::nullopt;
-  }
-  if (std::holds_alternative<Scope::Broken>(entry->meaning)) return std::nullopt;
-  if (const auto* array = std::get_if<Scope::Array>(&entry->meaning)) {
-    return CompileElement(*array, reference, range);
-  }
-  if (reference.index != nullptr) {
-    diagnostics_.Add(range, '\'' + reference.name + "' is no array");
-    return std::nullopt;
-  }
-  if (const auto* constant = std::get_if<Scope::Constant>(&entry->meaning)) {
-    return Operand{constant->value, KivOmbNetwork::kNone, range};
-  }
-  return Operand{std::nullopt, std::get<Scope::Scalar>(entry->meaning).variable, range};
+std::optional<Operand> ExpressionCompiler::CompileMembership(const MembershipTest& test) {
+  const std::optional<Operand> element = Compile(*test.element);
+  const std::optional<IntegerSet> set = generators_.CompileSet(*test.set);
+  if (!element || !set) return std::nullopt;
+  if (element->constant) return CompileTruth(set->Contains(*element->constant), element->range);
+  diagnostics_.Add(test.symbol.range, "'in' asks only about constants");
+  return std::nullopt;
 }
 
-std::optional<Operand> ExpressionCompiler::CompileElement(const Scope::Array& array,
-                                                          const Reference& reference,
-                                                          SourceRange range) {
-  const std::string bounds = "1.." + std::to_string(array.size);
-  if (reference.index == nullptr) {
-    diagnostics_.Add(range, '\'' + reference.name + "' is an array with indices " + bounds +
-                                "; write '" + reference.name + "[...]'");
-    return std::nullopt;
-  }
-  const auto index = CompileConstant(*reference.index, "an index");
-  if (!index) return std::nullopt;
-  if (*index < 1 || *index > array.size) {
-    diagnostics_.Add(reference.index->range, "the index " + std::to_string(*index) + " of '" +
-                                                 reference.name + "' is outside " + bounds);
-    return std::nullopt;
-  }
-  return Operand{std::nullopt, array.first + static_cast<std::uint32_t>(*index - 1), range};
+std::optional<Operand> ExpressionCompiler::CompileConditional(
+    const ConditionalExpression& conditional) {
+  const std::optional<bool> condition = CompileCondition(*conditional.condition);
+  if (!condition) return std::nullopt;
+  return Compile(*condition ? *conditional.first : *conditional.second);
+}
+
+void ExpressionCompiler::RefuseSeveral(const Expression& expression) {
+  const bool is_range = std::holds_alternative<RangeLiteral>(expression.form);
+  const auto* comprehension = std::get_if<Comprehension>(&expression.form);
+  const bool is_set = comprehension != nullptr
+                          ? comprehension->is_set
+                          : std::holds_alternative<SetLiteral>(expression.form);
+  diagnostics_.Add(expression.range,
+                   is_range ? "a range is no value; it stands behind 'in' or as a domain"
+                   : is_set ? "a set is no value; it stands behind 'in' or as a domain"
+                            : "a list is no value; it stands as an argument of a call");
 }
 
 std::optional<Operand> ExpressionCompiler::CompileUnary(const UnaryApplication& application,
@@ -219,11 +226,16 @@ std::optional<Operand> ExpressionCompiler::CompileCall(const Call& call, SourceR
                      "'all_different' is a constraint of its own, not part of an expression");
     return std::nullopt;
   }
+  if (call.name.text == "size") {
+    const auto size = references_.CompileSize(call);
+    if (!size) return std::nullopt;
+    return Operand{size, KivOmbNetwork::kNone, range};
+  }
   const KivOmbiOperatorTable& operators = vocabulary_.GetOperators();
   const bool known = !operators.FindRows(call.name.text, 1).empty() ||
                      !operators.FindRows(call.name.text, 2).empty();
   if (!known) {
-    std::vector<std::string> names = {"all_different"};
+    std::vector<std::string> names = {"all_different", "size"};
     for (const Row* row : operators.GetRows()) names.push_back(row->GetSymbol());
     diagnostics_.Add(call.name.range, "unknown function '" + call.name.text + '\'' +
                                           SuggestNearName(call.name.text, names));
@@ -319,10 +331,8 @@ std::optional<Operand> ExpressionCompiler::ApplyScaling(const Row& row, const Op
   }
   const auto result = AddVariable(*row.GetResult(), range);
   if (!result || !budget_.Spend(1, range, diagnostics_)) return std::nullopt;
-  const std::array arguments = {operand.variable, *result};
-  model_.AddOrigin(model_.GetNetwork().Emplace<Scaling>(
-                       arguments, static_cast<std::int32_t>(*coefficient.constant)),
-                   range);
+  const LinearTerm terms[] = {{*coefficient.constant, operand.variable}, {-1, *result}};
+  model_.AddOrigin(PostLinear(model_.GetNetwork(), terms, LinearRelation::kEqual, 0), range);
   return Operand{std::nullopt, *result, range};
 }
 

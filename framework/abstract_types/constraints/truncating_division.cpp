@@ -41,7 +41,7 @@ bool HasValueThat(const KivOmbiObjectEnvironment& environment, unsigned i, Test&
 
 // Whether an argument may have a value in `range`.
 bool MayBeIn(const KivOmbiObjectEnvironment& environment, unsigned i, const kiv::Hull& range) {
-  const kiv::Hull hull = kiv::HullOf(environment.Summary(i));
+  const kiv::Hull hull = kiv::HullOf(environment, i);
   const std::int64_t least = std::max(range.lower, hull.lower);
   if (least > std::min(range.upper, hull.upper)) return false;
   if (!IsListable(environment.Summary(i)) || least == hull.lower) return true;
@@ -67,11 +67,9 @@ KivOmbiFilterResult KeepSupported(const KivOmbiObjectEnvironment& environment, u
 }
 
 KivOmbiFilterResult NarrowHulls(const KivOmbiObjectEnvironment& environment) {
-  const auto hull = [&](unsigned i) { return kiv::HullOf(environment.Summary(i)); };
+  const auto hull = [&](unsigned i) { return kiv::HullOf(environment, i); };
   const auto narrow = [&](unsigned target, const kiv::Hull& candidates) {
-    bool unknown = false;
-    return candidates.IsEmpty() ? kiv::Empty(environment, target)
-                                : kiv::NarrowToHull(environment, target, candidates, unknown);
+    return kiv::NarrowToHull(environment, target, candidates);
   };
   const kiv::Hull quotients =
       environment.IsSame(kX, kY) ? kiv::Hull{1, 1} : kiv::TruncatedQuotient(hull(kX), hull(kY));

@@ -21,14 +21,50 @@ std::string Structure(const Expression& expression) {
     return truth->value ? "true" : "false";
   }
   if (const auto* reference = std::get_if<Reference>(&expression.form)) {
-    if (reference->index == nullptr) return reference->name;
-    return reference->name + '[' + Structure(*reference->index) + ']';
+    std::string indices;
+    for (const ExpressionPointer& index : reference->indices) {
+      indices += (indices.empty() ? "" : ",") + (index != nullptr ? Structure(*index) : "*");
+    }
+    return reference->name + (indices.empty() ? "" : '[' + indices + ']');
   }
   if (const auto* unary = std::get_if<UnaryApplication>(&expression.form)) {
     return '(' + unary->symbol.text + ' ' + Structure(*unary->operand) + ')';
   }
   if (const auto* call = std::get_if<Call>(&expression.form)) {
     return call->name.text + '(' + list(call->arguments) + ')';
+  }
+  const auto generators = [](const std::vector<Generator>& all) {
+    std::string text;
+    for (const Generator& each : all) {
+      text += (text.empty() ? "" : ",") + each.name.text + " in " + Structure(*each.values);
+      if (each.condition != nullptr) text += " where " + Structure(*each.condition);
+    }
+    return text;
+  };
+  if (const auto* range = std::get_if<RangeLiteral>(&expression.form)) {
+    return '(' + Structure(*range->first) + ".." + Structure(*range->last) + ')';
+  }
+  if (const auto* set = std::get_if<SetLiteral>(&expression.form)) {
+    return '{' + list(set->elements) + '}';
+  }
+  if (const auto* literal = std::get_if<ListLiteral>(&expression.form)) {
+    return '[' + list(literal->elements) + ']';
+  }
+  if (const auto* comprehension = std::get_if<Comprehension>(&expression.form)) {
+    const std::string inner =
+        Structure(*comprehension->element) + " | " + generators(comprehension->generators);
+    return comprehension->is_set ? '{' + inner + '}' : '[' + inner + ']';
+  }
+  if (const auto* aggregate = std::get_if<Aggregate>(&expression.form)) {
+    return aggregate->name.text + '(' + generators(aggregate->generators) + ")(" +
+           Structure(*aggregate->body) + ')';
+  }
+  if (const auto* test = std::get_if<MembershipTest>(&expression.form)) {
+    return '(' + Structure(*test->element) + " in " + Structure(*test->set) + ')';
+  }
+  if (const auto* conditional = std::get_if<ConditionalExpression>(&expression.form)) {
+    return "(if " + Structure(*conditional->condition) + " then " + Structure(*conditional->first) +
+           " else " + Structure(*conditional->second) + ')';
   }
   const auto& chain = std::get<Chain>(expression.form);
   std::string text = '(' + Structure(chain.operands[0]);
@@ -156,31 +192,31 @@ TEST(Parser, ReadsStatements) {
   ASSERT_EQ(tree->statements.size(), 6u);
 
   const auto& parameter = std::get<Parameter>(tree->statements[0].form);
-  EXPECT_EQ(parameter.name.text, "n");
+  EXPECT_EQ(parameter.declarator.name.text, "n");
+  EXPECT_TRUE(parameter.declarator.dimensions.empty());
   EXPECT_EQ(parameter.kind.text, "int");
-  EXPECT_EQ(Structure(parameter.value), "(2 * 4)");
+  EXPECT_EQ(Structure(*parameter.value), "(2 * 4)");
 
   const auto& set = std::get<Declaration>(tree->statements[1].form);
   ASSERT_EQ(set.declarators.size(), 2u);
   EXPECT_EQ(set.declarators[0].name.text, "x");
-  EXPECT_EQ(set.declarators[0].size, nullptr);
+  EXPECT_TRUE(set.declarators[0].dimensions.empty());
   EXPECT_EQ(set.declarators[1].name.text, "c");
-  EXPECT_EQ(Structure(*set.declarators[1].size), "(n + 1)");
+  EXPECT_EQ(Structure(*set.declarators[1].dimensions.at(0)), "(n + 1)");
   EXPECT_EQ(set.kind.text, "enum int");
-  EXPECT_EQ(set.domain.form, Domain::Form::kValues);
-  EXPECT_EQ(set.domain.elements.size(), 2u);
-  EXPECT_EQ(source.Quote(set.domain.range), "{ 1, 2 }");
+  EXPECT_EQ(Structure(*set.domain), "{1,2}");
+  EXPECT_EQ(source.Quote(set.domain->range), "{ 1, 2 }");
 
-  EXPECT_EQ(std::get<Declaration>(tree->statements[2].form).domain.form, Domain::Form::kInterval);
-  EXPECT_EQ(std::get<Declaration>(tree->statements[3].form).domain.form, Domain::Form::kAny);
+  EXPECT_EQ(Structure(*std::get<Declaration>(tree->statements[2].form).domain), "(0..9)");
+  EXPECT_EQ(std::get<Declaration>(tree->statements[3].form).domain, nullptr);
 
   const auto& loop = std::get<Loop>(tree->statements[4].form);
-  ASSERT_EQ(loop.ranges.size(), 2u);
-  EXPECT_EQ(loop.ranges[1].name.text, "j");
-  EXPECT_EQ(Structure(loop.ranges[1].first), "(i + 1)");
+  ASSERT_EQ(loop.generators.size(), 2u);
+  EXPECT_EQ(loop.generators[1].name.text, "j");
+  EXPECT_EQ(Structure(*loop.generators[1].values), "((i + 1)..n)");
   ASSERT_EQ(loop.body.size(), 2u);
   EXPECT_TRUE(std::holds_alternative<Loop>(loop.body[1].form));
-  EXPECT_TRUE(std::holds_alternative<Solve>(tree->statements[5].form));
+  EXPECT_TRUE(std::holds_alternative<Goal>(tree->statements[5].form));
   EXPECT_EQ(source.Quote(tree->statements[5].range), "solve;");
 }
 
