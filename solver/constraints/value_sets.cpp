@@ -11,6 +11,11 @@ namespace kiv {
 
 bool IsValue(std::int64_t value) { return value > SubIntBase::kMin && value < SubIntBase::kMax; }
 
+bool IsBeforeOpenEnd(const KivOmbiDomainSummary& summary, std::int64_t value) {
+  return (summary.upper == SubIntBase::kMax && value == SubIntBase::kMax - 1) ||
+         (summary.lower == SubIntBase::kMin && value == SubIntBase::kMin + 1);
+}
+
 ValueSet Between(ValueSet set, const KivOmbiDomainSummary& summary) {
   const auto first = std::ranges::lower_bound(set, summary.lower);
   return {first, std::upper_bound(first, set.end(), summary.upper)};
@@ -85,7 +90,13 @@ KivOmbiFilterResult FixTo(const KivOmbiObjectEnvironment& environment, unsigned 
 
 KivOmbiFilterResult RemoveValues(const KivOmbiObjectEnvironment& environment, unsigned i,
                                  ValueSet set) {
-  const ValueSet near = Between(set, environment.Summary(i));
+  ValueSet near = Between(set, environment.Summary(i));
+  if (!near.empty() && IsBeforeOpenEnd(environment.Summary(i), near.back())) {
+    near = near.first(near.size() - 1);
+  }
+  if (!near.empty() && IsBeforeOpenEnd(environment.Summary(i), near.front())) {
+    near = near.subspan(1);
+  }
   if (near.empty()) return 0;
   const bool possible = environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
     int changed = 0;
