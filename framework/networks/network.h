@@ -93,6 +93,12 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   // Takes back everything that happened since the level was opened.
   void PopLevel();
   std::size_t GetLevel() const noexcept { return trail_.GetLevel(); }
+  // Calls `visit(variable)` once for each variable whose domain was written since the current level
+  // was opened; outside all levels for none. Costs what changed.
+  template <class Visit>
+  void VisitChanged(Visit&& visit) const {
+    trail_.VisitSavedDomains(visit);
+  }
 
   // Sets a variable to (a part of) `value`, a domain of the variable's kind, and propagates.
   // Retract unsets it: what was concluded from it is recomputed from the assertions that remain,

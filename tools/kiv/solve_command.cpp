@@ -107,7 +107,7 @@ ExitCode Solve(const SolveOptions& options, const ModuleOptions& modules) {
 
   model.GetNetwork().SetStopFlag(&CatchStopSignals());
   SolutionPrinter printer(model, options.all ? kNoLimit : options.limit);
-  BisectionSearch search(model.GetNetwork(), model.GetDeclared());
+  TreeSearch search = BisectionSearch(model.GetNetwork(), model.GetDeclared());
   const SearchResult result =
       search.Run([&printer](const SearchLeaf& leaf) { return printer.Print(leaf); });
   if (result.end == SearchEnd::kStopped && !printer.IsComplete()) {
