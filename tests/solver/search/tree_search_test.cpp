@@ -1,5 +1,3 @@
-#include "solver/search/bisection_search.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,6 +7,7 @@
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/all_different.h"
 #include "solver/constraints/scaling.h"
+#include "solver/search/bisection_search.h"
 #include "tests/support/enumeration.h"
 #include "tests/support/modules.h"
 
