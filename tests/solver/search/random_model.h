@@ -33,7 +33,8 @@ inline constexpr VariableChoice kVariableChoices[] = {
     VariableChoice::kMaxRegret,  VariableChoice::kDomWDeg,   VariableChoice::kActivity};
 inline constexpr ValueChoice kValueChoices[] = {ValueChoice::kSmallest,  ValueChoice::kGreatest,
                                                 ValueChoice::kLowerHalf, ValueChoice::kUpperHalf,
-                                                ValueChoice::kMiddle,    ValueChoice::kRandom};
+                                                ValueChoice::kMiddle,    ValueChoice::kRandom,
+                                                ValueChoice::kFromBelow};
 inline constexpr RestartPolicy kRestartPolicies[] = {{RestartPolicy::Kind::kNone, 1, 1},
                                                      {RestartPolicy::Kind::kConstant, 1, 1},
                                                      {RestartPolicy::Kind::kLinear, 1, 1},

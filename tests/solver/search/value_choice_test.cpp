@@ -39,8 +39,8 @@ TEST_F(ValueChoices, HalvesAreOfTheValuesAndTheMiddleIsOfTheBounds) {
 
 TEST_F(ValueChoices, TakeOneOfTwoValues) {
   for (const VariableId x : {Bool(), Enum({0, 1}), Interval(0, 1)}) {
-    for (const ValueChoice choice :
-         {ValueChoice::kSmallest, ValueChoice::kLowerHalf, ValueChoice::kMiddle}) {
+    for (const ValueChoice choice : {ValueChoice::kSmallest, ValueChoice::kLowerHalf,
+                                     ValueChoice::kMiddle, ValueChoice::kFromBelow}) {
       EXPECT_EQ(Choose(x, choice), Literal::Equal(x, 0));
     }
     for (const ValueChoice choice : {ValueChoice::kGreatest, ValueChoice::kUpperHalf}) {
@@ -60,6 +60,13 @@ TEST_F(ValueChoices, RandomOnesComeToEveryValueAndOnlyToThose) {
     }
     EXPECT_EQ(Values(chosen.begin(), chosen.end()), values);
   }
+}
+
+TEST_F(ValueChoices, FromBelowBisectsWhatIsWide) {
+  const auto narrow = Interval(-1, 62);
+  EXPECT_EQ(Choose(narrow, ValueChoice::kFromBelow), Literal::Equal(narrow, -1));
+  const auto wide = Interval(-1, 63);
+  EXPECT_EQ(Choose(wide, ValueChoice::kFromBelow), Literal::AtMost(wide, 31));
 }
 
 TEST_F(ValueChoices, SplitTheWidestInterval) {
