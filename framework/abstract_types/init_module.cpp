@@ -2,7 +2,9 @@
 #include "framework/abstract_types/boolean.h"
 #include "framework/abstract_types/constraints/arithmetic.h"
 #include "framework/abstract_types/constraints/boolean_relations.h"
+#include "framework/abstract_types/constraints/connectives.h"
 #include "framework/abstract_types/constraints/relations.h"
+#include "framework/abstract_types/constraints/truncating_division.h"
 #include "framework/abstract_types/constraints/unary.h"
 #include "framework/abstract_types/integer.h"
 #include "framework/calculator/module_manager.h"
@@ -34,6 +36,12 @@ extern "C" KIV_EXPORT int InitModule(KivOmbiModule* module, KivOmbiModuleManager
            KivOmbiBooleanEqualConstraint::sDescriptor,
            KivOmbiBooleanLessConstraint::sDescriptor,
            KivOmbiBooleanLessOrEqualConstraint::sDescriptor,
+           KivOmbiConjunctionConstraint::sDescriptor,
+           KivOmbiDisjunctionConstraint::sDescriptor,
+           KivOmbiImplicationConstraint::sDescriptor,
+           KivOmbiExclusiveOrConstraint::sDescriptor,
+           KivOmbiBooleanNegationConstraint::sDescriptor,
+           KivOmbiTruncatingDivisionConstraint::sDescriptor,
        }) {
     module->AddObjectDescriptor(descriptor);
   }

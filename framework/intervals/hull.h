@@ -7,8 +7,9 @@
 // Bounds reasoning: what the bounds of some integers tell of the bounds of others.
 namespace kiv {
 
-// A closed range of integers, empty when lower > upper. A bound of kUnbounded or more, either way,
-// is no bound. Sums and differences of two bounds do not overflow.
+// A closed range of integers, empty when lower > upper. A lower bound of -kUnbounded or less and an
+// upper bound of kUnbounded or more are no bounds. Sums and differences of two bounds do not
+// overflow.
 struct Hull {
   static constexpr std::int64_t kUnbounded = std::int64_t{1} << 60;
 
@@ -24,36 +25,43 @@ struct Hull {
 
 inline constexpr Hull kEmptyHull{Hull::kUnbounded, -Hull::kUnbounded};
 
-// The common part.
+// The common part; may be empty in any way.
 KIV_EXPORT Hull Intersection(const Hull& a, const Hull& b);
-// The least hull around both.
+// The least hull around both; an empty one adds nothing.
 KIV_EXPORT Hull Union(const Hull& a, const Hull& b);
 
-// Forward: the least hull of all values of z = f(x, y) for x and y in their hulls; empty when there
-// are none. Infinite where an operand is, unless the operation bounds it. All take constant time.
+// Forward: the least hull of all values of z = f(x, y) for x and y in their hulls, empty when there
+// are none. An unbounded operand holds arbitrarily large integers but no infinite one, so that 0
+// times whatever is 0. The bounds of a result are clamped at kUnbounded; an operand that lies
+// beyond kUnbounded altogether is taken to begin one before it. All take constant time.
 KIV_EXPORT Hull Sum(const Hull& x, const Hull& y);
 KIV_EXPORT Hull Difference(const Hull& x, const Hull& y);
 KIV_EXPORT Hull Negation(const Hull& x);
 KIV_EXPORT Hull Product(const Hull& x, const Hull& y);
 // Truncating toward zero; a divisor 0 has no quotient.
 KIV_EXPORT Hull TruncatedQuotient(const Hull& x, const Hull& y);
-// With the sign of x; a modulus 0 has no remainder. May be wider than the least hull: a range of
-// dividends that spans a multiple of a modulus is taken to give every remainder.
+// With the sign of x; a modulus 0 has no remainder. The least hull when the moduli are m, -m or
+// both, when all dividends have the same quotient but for its sign, and when some modulus exceeds
+// some dividend in magnitude; otherwise it may be wider.
 KIV_EXPORT Hull Remainder(const Hull& x, const Hull& y);
 KIV_EXPORT Hull Minimum(const Hull& x, const Hull& y);
 KIV_EXPORT Hull Maximum(const Hull& x, const Hull& y);
 KIV_EXPORT Hull Absolute(const Hull& x);
 KIV_EXPORT Hull Sign(const Hull& x);
-// x ^ y as PowerOf in framework/intervals/power.h has it; not clamped to the range of integers.
+// x ^ 0 = 1 whatever x is; for a negative exponent only 1 and -1 have powers.
 KIV_EXPORT Hull Power(const Hull& x, const Hull& y);
 
-// Inverse: `x` (or `y`) without the ends that no other operands complete to a solution.
-// z = x * y. Each end that stays has a real number y, not always an integer, beside it.
+// Inverse: x of z = f(x, y), or y where the function is named after it, without the ends that no
+// other operands complete to a solution, empty when none do. Where nothing else is said, each end
+// that stays is part of a solution, so that the result is the least hull. All take constant time,
+// Base and Exponent a few thousand steps. z = x * y. Each end that stays has a real number y, not
+// always an integer, beside it.
 KIV_EXPORT Hull Factor(const Hull& x, const Hull& y, const Hull& z);
 // z = x div y, truncating, y <> 0.
 KIV_EXPORT Hull TruncatedDividend(const Hull& x, const Hull& y, const Hull& z);
 KIV_EXPORT Hull TruncatedDivisor(const Hull& x, const Hull& y, const Hull& z);
-// z = x mod y, y <> 0.
+// z = x mod y, y <> 0. The dividends are the least hull when the moduli are m, -m or both;
+// otherwise they, and the moduli always, may keep ends without a solution.
 KIV_EXPORT Hull Dividend(const Hull& x, const Hull& y, const Hull& z);
 KIV_EXPORT Hull Modulus(const Hull& x, const Hull& y, const Hull& z);
 // z = min(x, y) and z = max(x, y).

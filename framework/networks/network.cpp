@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "framework/networks/entailment_check.h"
+
 namespace {
 
 // The largest alignment of the objects that descriptors construct: plain new's.
@@ -126,6 +128,8 @@ void KivOmbNetwork::Run(ConstraintId id) {
     return;
   }
   assert((result & kKivAtFixpoint) == 0 || ClaimHolds(id));
+  assert((result & kKivEntailed) == 0 ||
+         EntailmentHolds(*constraint.object, variables_, GetArguments(id)));
   if ((result & kKivOverflow) != 0) {
     overflow_ = id;
     overflow_level_ = GetLevel();

@@ -1,6 +1,8 @@
 #include "framework/abstract_types/constraints/arithmetic.h"
 #include "framework/abstract_types/constraints/boolean_relations.h"
+#include "framework/abstract_types/constraints/connectives.h"
 #include "framework/abstract_types/constraints/relations.h"
+#include "framework/abstract_types/constraints/truncating_division.h"
 #include "framework/abstract_types/constraints/unary.h"
 #include "framework/abstract_types/operator_factories.h"
 #include "framework/calculator/module_manager.h"
@@ -49,6 +51,7 @@ void AddOperators(KivOmbiModule& module, const Kinds& kinds) {
   binary(plain, "*", KivOmbiMultiplicationConstraint::sDescriptor);
   binary(plain, "^", KivOmbiPowerConstraint::sDescriptor);
   binary(plain, "mod", KivOmbiRemainderConstraint::sDescriptor);
+  binary(plain, "div", KivOmbiTruncatingDivisionConstraint::sDescriptor);
   binary(plain, "/\\", KivOmbiMinimumConstraint::sDescriptor);
   binary(plain, "\\/", KivOmbiMaximumConstraint::sDescriptor);
   inverse(first_inverse, "-", carrier, KivOmbiAdditionConstraint::sDescriptor);
@@ -73,6 +76,23 @@ void AddOperators(KivOmbiModule& module, const Kinds& kinds) {
   inverse(symmetric_truth, "<==", boolean, KivOmbiBooleanLessOrEqualConstraint::sDescriptor);
 }
 
+void AddTruthOperators(KivOmbiModule& module, KivOmbiKind boolean) {
+  const auto binary = [&](const char* symbol, KivOmbiKind constraint) {
+    module.AddObjectDescriptor(
+        KivOmbiCreateBinaryOperator(symbol, boolean, boolean, boolean, constraint));
+  };
+  binary("=", KivOmbiEqualTernaryConstraint::sDescriptor);
+  binary("<>", KivOmbiUnequalTernaryConstraint::sDescriptor);
+  module.AddObjectDescriptor(KivOmbiCreateSecondInverseBinaryOperator(
+      "==", boolean, boolean, boolean, boolean, KivOmbiBooleanEqualConstraint::sDescriptor));
+  binary("and", KivOmbiConjunctionConstraint::sDescriptor);
+  binary("or", KivOmbiDisjunctionConstraint::sDescriptor);
+  binary("=>", KivOmbiImplicationConstraint::sDescriptor);
+  binary("xor", KivOmbiExclusiveOrConstraint::sDescriptor);
+  module.AddObjectDescriptor(KivOmbiCreateUnaryOperator(
+      "not", boolean, boolean, KivOmbiBooleanNegationConstraint::sDescriptor));
+}
+
 }  // namespace
 
 // The module "KivOmbNumbers" offers the kinds int, interval int and bool and the operators between
@@ -90,7 +110,6 @@ extern "C" KIV_EXPORT int InitModule(KivOmbiModule* module, KivOmbiModuleManager
   AddOperators(*module, {single, single});
   AddOperators(*module, {interval, interval});
   AddOperators(*module, {KivOmbiInteger::sDescriptor, interval});
-  module->AddObjectDescriptor(KivOmbiCreateBinaryOperator(
-      "=", boolean, boolean, boolean, KivOmbiEqualTernaryConstraint::sDescriptor));
+  AddTruthOperators(*module, boolean);
   return 1;
 }

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "framework/numbers/bounds.h"
 #include "framework/numbers/number_descriptor.h"
-#include "framework/numbers/power.h"
+#include "framework/numbers/operands.h"
 
 namespace {
 
@@ -16,26 +15,6 @@ const KivStreamableClass streamable(identity, KivOmbIntervalInteger::Build, 1);
 const KivOmbNumberDescriptor<KivOmbIntervalInteger> descriptor("interval int",
                                                                KivOmbiInteger::sDescriptor, 0);
 
-SubdefInt HullOf(const KivOmbiInteger& x) {
-  return SubdefInt(x.GetLowerBound(), x.GetUpperBound());
-}
-
-// The frame of the inverses of the power: an Any result says nothing, a Nil domain makes the target
-// Nil; otherwise `hull_of(target, known)` holds what may stay.
-template <class HullOfSolutions>
-int NarrowByHull(const KivOmbIntervalInteger& result, KivOmbiNumber& target,
-                 const KivOmbiNumber& known, HullOfSolutions&& hull_of) {
-  if (target.IsNil() != 0) return 0;
-  const KivOmbiInteger* const integer = kiv::AsInteger(target);
-  const KivOmbiInteger* const other = kiv::AsInteger(known);
-  if (integer == nullptr || other == nullptr || result.CheckNil() != 0) {
-    target.SetNilValue();
-    return 1;
-  }
-  if (result.CheckAny() != 0) return 0;
-  return target.CalcEqualValue(KivOmbIntervalInteger(hull_of(*integer, *other)));
-}
-
 }  // namespace
 
 const char* const KivOmbIntervalInteger::CastableIdent = identity;
@@ -46,7 +25,7 @@ KivOmbIntervalInteger::KivOmbIntervalInteger() = default;
 KivOmbIntervalInteger::KivOmbIntervalInteger(const SubdefInt& interval)
     : value_(ValueOf(interval)) {}
 
-KivOmbIntervalInteger::KivOmbIntervalInteger(KivStreamableInit init) : KivOmbiInteger(init) {}
+KivOmbIntervalInteger::KivOmbIntervalInteger(KivStreamableInit init) : KivOmbBoundedInteger(init) {}
 KivOmbIntervalInteger::KivOmbIntervalInteger(const KivOmbIntervalInteger& other) = default;
 KivOmbIntervalInteger::~KivOmbIntervalInteger() = default;
 
@@ -102,12 +81,12 @@ void KivOmbIntervalInteger::PrintOn(Kivostrstream& out) const {
   } else if (CheckAny() != 0) {
     out << "Any";
   } else if (value_.lower == value_.upper) {
-    kiv::PrintNumber(out, GetLowerBound());
+    PrintNumber(out, GetLowerBound());
   } else {
     out << "[";
-    kiv::PrintNumber(out, GetLowerBound());
+    PrintNumber(out, GetLowerBound());
     out << ", ";
-    kiv::PrintNumber(out, GetUpperBound());
+    PrintNumber(out, GetUpperBound());
     out << "]";
   }
 }
@@ -224,93 +203,6 @@ void KivOmbIntervalInteger::Bisect(KivOmbiObject& other, ValueSelection selectio
     receiver->Narrow(cut + 1, upper);
     Narrow(lower, cut);
   }
-}
-
-int KivOmbIntervalInteger::CalcMinValue() { return Narrow(kMin, kMin); }
-
-int KivOmbIntervalInteger::CalcMaxValue() { return Narrow(kMax, kMax); }
-
-int KivOmbIntervalInteger::CalcZeroValue() { return Narrow(0, 0); }
-
-int KivOmbIntervalInteger::CalcOneValue() { return Narrow(1, 1); }
-
-int KivOmbIntervalInteger::CalcEqualValue(const KivOmbiAny& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(operand.GetLowerBound(), operand.GetUpperBound());
-  });
-}
-
-int KivOmbIntervalInteger::CalcInverseEqualValue(KivOmbiAny& x) const {
-  return x.CalcEqualValue(*this);
-}
-
-int KivOmbIntervalInteger::CalcLessOrEqualValue(const KivOmbiAny& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(kMin, operand.GetUpperBound());
-  });
-}
-
-int KivOmbIntervalInteger::CalcInverseLessOrEqualValue(KivOmbiAny& x) const {
-  return kiv::NarrowTargetAtLeast(*this, x, GetLowerBound());
-}
-
-int KivOmbIntervalInteger::CalcNotLessAndUnequalValue(const KivOmbiAny& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(kiv::StrictLowerBound(operand), kMax);
-  });
-}
-
-int KivOmbIntervalInteger::CalcInverseNotLessAndUnequalValue(KivOmbiAny& x) const {
-  return kiv::NarrowTargetAtMost(*this, x, kiv::StrictUpperBound(*this));
-}
-
-int KivOmbIntervalInteger::CalcLessValue(const KivOmbiScalar& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(kMin, kiv::StrictUpperBound(operand));
-  });
-}
-
-int KivOmbIntervalInteger::CalcInverseLessValue(KivOmbiScalar& x) const {
-  return kiv::NarrowTargetAtLeast(*this, x, kiv::StrictLowerBound(*this));
-}
-
-int KivOmbIntervalInteger::CalcNotLessValue(const KivOmbiScalar& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(operand.GetLowerBound(), kMax);
-  });
-}
-
-int KivOmbIntervalInteger::CalcInverseNotLessValue(KivOmbiScalar& x) const {
-  return kiv::NarrowTargetAtMost(*this, x, GetUpperBound());
-}
-
-int KivOmbIntervalInteger::CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) {
-  return kiv::Forward(*this, x, y, [&](const KivOmbiInteger& a, const KivOmbiInteger& b) {
-    const kiv::Bounds sum = kiv::SumBounds(a, b);
-    return Narrow(sum.lower.GetValue(), sum.upper.GetValue());
-  });
-}
-
-int KivOmbIntervalInteger::CalcFirstInverseSumValue(KivOmbiNumber& x,
-                                                    const KivOmbiNumber& y) const {
-  return kiv::NarrowTerm(*this, x, y);
-}
-
-int KivOmbIntervalInteger::CalcFirstInversePowerValue(KivOmbiNumber& x,
-                                                      const KivOmbiNumber& y) const {
-  return NarrowByHull(*this, x, y,
-                      [this](const KivOmbiInteger& base, const KivOmbiInteger& exponent) {
-                        if (exponent.GetCardinality() != 1) return HullOf(base);
-                        return kiv::BasesOf(HullOf(*this), HullOf(base), exponent.GetLowerBound());
-                      });
-}
-
-int KivOmbIntervalInteger::CalcSecondInversePowerValue(const KivOmbiNumber& x,
-                                                       KivOmbiNumber& y) const {
-  return NarrowByHull(*this, y, x,
-                      [this](const KivOmbiInteger& exponent, const KivOmbiInteger& base) {
-                        return kiv::ExponentsOf(HullOf(*this), HullOf(base), HullOf(exponent));
-                      });
 }
 
 void KivOmbIntervalInteger::SetExactValue(std::int32_t value) { Become({value, value}); }

@@ -2,13 +2,13 @@
 
 #include <cstdint>
 
-#include "framework/abstract_types/integer.h"
 #include "framework/calculator/domain_summary.h"
 #include "framework/intervals/subdef_int.h"
+#include "framework/numbers/bounded_integer.h"
 
 // A closed interval of integers. The widest one, between the two infinities, is Any; the empty one
 // is Nil.
-class KIV_EXPORT KivOmbIntervalInteger : public KivOmbiInteger {
+class KIV_EXPORT KivOmbIntervalInteger : public KivOmbBoundedInteger {
  public:
   KivOmbIntervalInteger();  // Any
   KivOmbIntervalInteger(const SubdefInt& interval);
@@ -55,29 +55,6 @@ class KIV_EXPORT KivOmbIntervalInteger : public KivOmbiInteger {
   // The lower half ends at the floor of the middle of the bounds.
   void Bisect(KivOmbiObject& other, ValueSelection selection) override;
 
-  using KivOmbiInteger::CalcMaxValue;
-  using KivOmbiInteger::CalcMinValue;
-  int CalcMinValue() override;
-  int CalcMaxValue() override;
-  int CalcEqualValue(const KivOmbiAny& x) override;
-  int CalcInverseEqualValue(KivOmbiAny& x) const override;
-  int CalcLessOrEqualValue(const KivOmbiAny& x) override;
-  int CalcInverseLessOrEqualValue(KivOmbiAny& x) const override;
-  int CalcNotLessAndUnequalValue(const KivOmbiAny& x) override;
-  int CalcInverseNotLessAndUnequalValue(KivOmbiAny& x) const override;
-  int CalcLessValue(const KivOmbiScalar& x) override;
-  int CalcInverseLessValue(KivOmbiScalar& x) const override;
-  int CalcNotLessValue(const KivOmbiScalar& x) override;
-  int CalcInverseNotLessValue(KivOmbiScalar& x) const override;
-  int CalcZeroValue() override;
-  int CalcOneValue() override;
-  int CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
-  int CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
-  // Narrow x and y by the hull of what may solve z = x ^ y, exactly. The first inverse needs an
-  // exponent y of one value.
-  int CalcFirstInversePowerValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
-  int CalcSecondInversePowerValue(const KivOmbiNumber& x, KivOmbiNumber& y) const override;
-
   void SetExactValue(std::int32_t value) override;
   // Narrow this side of the interval; Nil stays.
   void SetLowerBound(std::int32_t bound) override;
@@ -105,8 +82,7 @@ class KIV_EXPORT KivOmbIntervalInteger : public KivOmbiInteger {
   static Value ValueOf(const SubdefInt& interval);
   // What InputValue reads.
   static Value ReadValue(Kivistrstream& in);
-  // Narrows to [lower, upper], which may be empty or reach beyond the integers.
-  int Narrow(std::int64_t lower, std::int64_t upper);
+  int Narrow(std::int64_t lower, std::int64_t upper) override;
   int Become(Value value);
 
   Value value_ = kAny;

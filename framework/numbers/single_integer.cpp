@@ -1,8 +1,7 @@
 #include "framework/numbers/single_integer.h"
 
-#include "framework/numbers/bounds.h"
 #include "framework/numbers/number_descriptor.h"
-#include "framework/numbers/power.h"
+#include "framework/numbers/operands.h"
 
 namespace {
 
@@ -17,7 +16,7 @@ const KivOmbiObjectDescriptor* const KivOmbSingleInteger::sDescriptor = &descrip
 
 KivOmbSingleInteger::KivOmbSingleInteger() = default;
 KivOmbSingleInteger::KivOmbSingleInteger(SubIntBase value) : value_{kValue, value} {}
-KivOmbSingleInteger::KivOmbSingleInteger(KivStreamableInit init) : KivOmbiInteger(init) {}
+KivOmbSingleInteger::KivOmbSingleInteger(KivStreamableInit init) : KivOmbBoundedInteger(init) {}
 KivOmbSingleInteger::KivOmbSingleInteger(const KivOmbSingleInteger& other) = default;
 KivOmbSingleInteger::~KivOmbSingleInteger() = default;
 
@@ -78,7 +77,7 @@ void KivOmbSingleInteger::PrintOn(Kivostrstream& out) const {
   } else if (CheckAny() != 0) {
     out << "Any";
   } else {
-    kiv::PrintNumber(out, GetValue());
+    PrintNumber(out, GetValue());
   }
 }
 
@@ -164,89 +163,10 @@ void KivOmbSingleInteger::Bisect(KivOmbiObject& other, ValueSelection selection)
   }
 }
 
-int KivOmbSingleInteger::CalcMinValue() { return Narrow(sNC_INT_MIN, sNC_INT_MIN); }
-
-int KivOmbSingleInteger::CalcMaxValue() { return Narrow(sNC_INT_MAX, sNC_INT_MAX); }
-
-int KivOmbSingleInteger::CalcZeroValue() { return Narrow(0, 0); }
-
-int KivOmbSingleInteger::CalcOneValue() { return Narrow(1, 1); }
-
 int KivOmbSingleInteger::CalcEqualValue(const KivOmbiAny& x) {
   return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
     if (CheckAny() == 0) return operand.MayBe(GetValue()) ? 0 : Nil();
     return operand.GetCardinality() == 1 ? Become({kValue, operand.GetLowerBound()}) : 0;
-  });
-}
-
-int KivOmbSingleInteger::CalcInverseEqualValue(KivOmbiAny& x) const {
-  return x.CalcEqualValue(*this);
-}
-
-int KivOmbSingleInteger::CalcLessOrEqualValue(const KivOmbiAny& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(sNC_INT_MIN, operand.GetUpperBound());
-  });
-}
-
-int KivOmbSingleInteger::CalcInverseLessOrEqualValue(KivOmbiAny& x) const {
-  return kiv::NarrowTargetAtLeast(*this, x, GetLowerBound());
-}
-
-int KivOmbSingleInteger::CalcNotLessAndUnequalValue(const KivOmbiAny& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(kiv::StrictLowerBound(operand), sNC_INT_MAX);
-  });
-}
-
-int KivOmbSingleInteger::CalcInverseNotLessAndUnequalValue(KivOmbiAny& x) const {
-  return kiv::NarrowTargetAtMost(*this, x, kiv::StrictUpperBound(*this));
-}
-
-int KivOmbSingleInteger::CalcLessValue(const KivOmbiScalar& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(sNC_INT_MIN, kiv::StrictUpperBound(operand));
-  });
-}
-
-int KivOmbSingleInteger::CalcInverseLessValue(KivOmbiScalar& x) const {
-  return kiv::NarrowTargetAtLeast(*this, x, kiv::StrictLowerBound(*this));
-}
-
-int KivOmbSingleInteger::CalcNotLessValue(const KivOmbiScalar& x) {
-  return kiv::Forward(*this, x, [&](const KivOmbiInteger& operand) {
-    return Narrow(operand.GetLowerBound(), sNC_INT_MAX);
-  });
-}
-
-int KivOmbSingleInteger::CalcInverseNotLessValue(KivOmbiScalar& x) const {
-  return kiv::NarrowTargetAtMost(*this, x, GetUpperBound());
-}
-
-int KivOmbSingleInteger::CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) {
-  return kiv::Forward(*this, x, y, [&](const KivOmbiInteger& a, const KivOmbiInteger& b) {
-    const kiv::Bounds sum = kiv::SumBounds(a, b);
-    return Narrow(sum.lower.GetValue(), sum.upper.GetValue());
-  });
-}
-
-int KivOmbSingleInteger::CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const {
-  return kiv::NarrowTerm(*this, x, y);
-}
-
-int KivOmbSingleInteger::CalcPowerValue(const KivOmbiNumber& x, const KivOmbiNumber& y) {
-  return kiv::Forward(*this, x, y, [&](const KivOmbiInteger& a, const KivOmbiInteger& b) {
-    if (a.GetCardinality() != 1 || b.GetCardinality() != 1) return 0;
-    const kiv::Power power = kiv::PowerOf(a.GetLowerBound(), b.GetLowerBound());
-    switch (power.state) {
-      case kiv::Power::kNone:
-        return Nil();
-      case kiv::Power::kValue:
-        return Narrow(power.value.GetValue(), power.value.GetValue());
-      case kiv::Power::kUnknown:
-        break;
-    }
-    return 0;
   });
 }
 

@@ -2,13 +2,13 @@
 
 #include <cstdint>
 
-#include "framework/abstract_types/integer.h"
 #include "framework/calculator/domain_summary.h"
 #include "framework/intervals/sub_int_base.h"
+#include "framework/numbers/bounded_integer.h"
 
 // One integer: a value, Any or Nil. It cannot hold a set: an operation that leaves it more than one
 // value leaves it as it was.
-class KIV_EXPORT KivOmbSingleInteger : public KivOmbiInteger {
+class KIV_EXPORT KivOmbSingleInteger : public KivOmbBoundedInteger {
  public:
   // The least and the greatest integer, which stand for minus and plus infinity.
   static constexpr std::int32_t sNC_INT_MIN = SubIntBase::kMin;
@@ -58,26 +58,8 @@ class KIV_EXPORT KivOmbSingleInteger : public KivOmbiInteger {
   // One value cannot be split in two: `other` receives it for the lower half and the two ends.
   void Bisect(KivOmbiObject& other, ValueSelection selection) override;
 
-  using KivOmbiInteger::CalcMaxValue;
-  using KivOmbiInteger::CalcMinValue;
-  int CalcMinValue() override;
-  int CalcMaxValue() override;
+  // The value itself is asked for, so that gaps of the operand count.
   int CalcEqualValue(const KivOmbiAny& x) override;
-  int CalcInverseEqualValue(KivOmbiAny& x) const override;
-  int CalcLessOrEqualValue(const KivOmbiAny& x) override;
-  int CalcInverseLessOrEqualValue(KivOmbiAny& x) const override;
-  int CalcNotLessAndUnequalValue(const KivOmbiAny& x) override;
-  int CalcInverseNotLessAndUnequalValue(KivOmbiAny& x) const override;
-  int CalcLessValue(const KivOmbiScalar& x) override;
-  int CalcInverseLessValue(KivOmbiScalar& x) const override;
-  int CalcNotLessValue(const KivOmbiScalar& x) override;
-  int CalcInverseNotLessValue(KivOmbiScalar& x) const override;
-  int CalcZeroValue() override;
-  int CalcOneValue() override;
-  int CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
-  int CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
-  // Takes the power of two values; where it is not known, nothing is narrowed.
-  int CalcPowerValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
 
   void SetExactValue(std::int32_t value) override;
   // A value beyond the bound becomes Nil; Any and Nil stay.
@@ -102,8 +84,8 @@ class KIV_EXPORT KivOmbSingleInteger : public KivOmbiInteger {
     friend bool operator==(const Value&, const Value&) = default;
   };
 
-  // Narrows to [lower, upper], which may be empty; an Any domain only takes a single value.
-  int Narrow(std::int64_t lower, std::int64_t upper);
+  // An Any domain only takes a single value.
+  int Narrow(std::int64_t lower, std::int64_t upper) override;
   int Become(Value value);
 
   Value value_;

@@ -18,8 +18,7 @@ std::vector<KivOmbNetwork::VariableId> CompiledModel::GetDeclared() const {
 std::string CompiledModel::NameOf(KivOmbNetwork::VariableId variable) const {
   for (const Variable& candidate : variables_) {
     if (variable < candidate.first || variable - candidate.first >= candidate.count) continue;
-    if (!candidate.is_array) return candidate.name;
-    return candidate.name + '[' + std::to_string(variable - candidate.first + 1) + ']';
+    return candidate.name + DescribeIndices(candidate.shape, variable - candidate.first);
   }
   return {};
 }
@@ -37,7 +36,7 @@ void CompiledModel::PrintOn(std::ostream& out) const {
       network_.GetDomain(variable.first + i).PrintOn(values);
     }
     out << variable.name << " = ";
-    if (variable.is_array) {
+    if (!variable.shape.empty()) {
       out << '[' << values.Str() << "]\n";
     } else {
       out << values.Str() << '\n';

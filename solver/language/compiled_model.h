@@ -9,6 +9,7 @@
 
 #include "framework/base/export.h"
 #include "framework/networks/network.h"
+#include "solver/language/array_shape.h"
 #include "solver/language/source_text.h"
 
 namespace kiv {
@@ -17,10 +18,11 @@ namespace kiv {
 // from.
 class KIV_EXPORT CompiledModel {
  public:
-  // One declared name: a variable, or an array of `count` variables numbered from `first` on.
+  // One declared name: a variable, or an array of `count` variables that are numbered from `first`
+  // on, row by row.
   struct Variable {
     std::string name;
-    bool is_array;
+    ArrayShape shape;  // none for a single variable
     KivOmbNetwork::VariableId first;
     std::uint32_t count;
   };

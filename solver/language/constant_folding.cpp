@@ -28,14 +28,17 @@ FoldedConstant Power(std::int64_t base, std::int64_t exponent) {
   return Value(power);
 }
 
-FoldedConstant Quotient(std::int64_t left, std::int64_t right) {
+FoldedConstant TruncatedQuotient(std::int64_t left, std::int64_t right) {
   if (right == 0) return Error("division by zero");
   if (right == -1) return left == kLeast ? Overflow() : Value(-left);
-  if (left % right != 0) {
-    return Error("the division " + std::to_string(left) + " / " + std::to_string(right) +
-                 " is not exact");
-  }
   return Value(left / right);
+}
+
+FoldedConstant ExactQuotient(std::int64_t left, std::int64_t right) {
+  const FoldedConstant quotient = TruncatedQuotient(left, right);
+  if (!quotient.value || *quotient.value * right == left) return quotient;
+  return Error("the division " + std::to_string(left) + " / " + std::to_string(right) +
+               " is not exact");
 }
 
 FoldedConstant Remainder(std::int64_t left, std::int64_t right) {
@@ -59,12 +62,31 @@ FoldedConstant FoldBinary(std::string_view symbol, std::int64_t left, std::int64
   if (symbol == "+") return __builtin_add_overflow(left, right, &value) ? Overflow() : Value(value);
   if (symbol == "-") return __builtin_sub_overflow(left, right, &value) ? Overflow() : Value(value);
   if (symbol == "*") return __builtin_mul_overflow(left, right, &value) ? Overflow() : Value(value);
-  if (symbol == "/") return Quotient(left, right);
+  if (symbol == "/") return ExactQuotient(left, right);
+  if (symbol == "div") return TruncatedQuotient(left, right);
   if (symbol == "mod") return Remainder(left, right);
   if (symbol == "^") return Power(left, right);
   if (symbol == "/\\") return Value(std::min(left, right));
   if (symbol == "\\/") return Value(std::max(left, right));
   return {};
+}
+
+std::optional<bool> FoldQuestion(std::string_view symbol, std::int64_t left, std::int64_t right) {
+  if (symbol == "==") return left == right;
+  if (symbol == "<<") return left < right;
+  if (symbol == "<==") return left <= right;
+  if (symbol == ">>") return left > right;
+  if (symbol == ">==") return left >= right;
+  return std::nullopt;
+}
+
+std::optional<bool> FoldConnective(std::string_view symbol, bool left, bool right) {
+  if (symbol == "and") return left && right;
+  if (symbol == "or") return left || right;
+  if (symbol == "xor") return left != right;
+  if (symbol == "=>") return !left || right;
+  if (symbol == "==") return left == right;
+  return std::nullopt;
 }
 
 }  // namespace kiv

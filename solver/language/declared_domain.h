@@ -18,6 +18,10 @@ inline constexpr std::int64_t kGreatestInteger = 2147483646;
 inline bool IsModelInteger(std::int64_t value) {
   return kLeastInteger <= value && value <= kGreatestInteger;
 }
+// "-2147483646..2147483646".
+inline std::string DescribeModelIntegers() {
+  return std::to_string(kLeastInteger) + ".." + std::to_string(kGreatestInteger);
+}
 
 // The values that a model allows an integer variable, before any kind holds them. Never empty.
 class KIV_EXPORT DeclaredDomain {

@@ -35,6 +35,8 @@ class KIV_EXPORT Diagnostics {
   bool IsFull() const noexcept { return list_.size() >= kMost; }
   // How many were reported so far, for telling whether something added to them.
   std::size_t Count() const noexcept { return list_.size(); }
+  // The text that the ranges are parts of.
+  const SourceText& GetSource() const noexcept { return source_; }
   const std::vector<Diagnostic>& GetAll() const noexcept { return list_; }
 
   // Each as "name:line:column: error: text", the line of the model, a caret line under the range

@@ -1,11 +1,11 @@
 #include "solver/language/expression_compiler.h"
 
-#include <array>
 #include <utility>
 
 #include "framework/abstract_types/boolean.h"
 #include "framework/abstract_types/integer.h"
-#include "solver/constraints/scaling.h"
+#include "solver/constraints/linear_posting.h"
+#include "solver/language/aggregate_compiler.h"
 #include "solver/language/constant_folding.h"
 #include "solver/language/declared_domain.h"
 #include "solver/language/near_name.h"
@@ -22,13 +22,14 @@ std::string OutOfRange(std::int64_t value) {
 }  // namespace
 
 ExpressionCompiler::ExpressionCompiler(CompiledModel& model, const Vocabulary& vocabulary,
-                                       const Scope& scope, ExpansionBudget& budget,
+                                       Scope& scope, ExpansionBudget& budget,
                                        Diagnostics& diagnostics)
     : model_(model),
       vocabulary_(vocabulary),
-      scope_(scope),
       budget_(budget),
       diagnostics_(diagnostics),
+      references_(*this, scope, budget, diagnostics),
+      generators_(*this, scope, budget, diagnostics),
       constant_kind_(*vocabulary.FindKind("int")) {}
 
 std::optional<Operand> ExpressionCompiler::Compile(const Expression& expression) {
@@ -39,14 +40,21 @@ std::optional<Operand> ExpressionCompiler::Compile(const Expression& expression)
   } else if (const auto* truth = std::get_if<BooleanLiteral>(&expression.form)) {
     operand = CompileTruth(truth->value, range);
   } else if (const auto* reference = std::get_if<Reference>(&expression.form)) {
-    operand = CompileReference(*reference, range);
+    operand = references_.CompileValue(*reference, range);
   } else if (const auto* unary = std::get_if<UnaryApplication>(&expression.form)) {
-    operand = Compile(*unary->operand);
-    if (operand) operand = ApplyUnary(unary->symbol, *operand, range);
+    operand = CompileUnary(*unary, range);
   } else if (const auto* chain = std::get_if<Chain>(&expression.form)) {
     operand = CompileChain(*chain);
+  } else if (const auto* call = std::get_if<Call>(&expression.form)) {
+    operand = CompileCall(*call, range);
+  } else if (const auto* aggregate = std::get_if<Aggregate>(&expression.form)) {
+    operand = CompileAggregate(*aggregate, range, *this, diagnostics_);
+  } else if (const auto* test = std::get_if<MembershipTest>(&expression.form)) {
+    operand = CompileMembership(*test);
+  } else if (const auto* conditional = std::get_if<ConditionalExpression>(&expression.form)) {
+    operand = CompileConditional(*conditional);
   } else {
-    operand = CompileCall(std::get<Call>(expression.form), range);
+    RefuseSeveral(expression);
   }
   // Parentheses belong to what a message shows.
   if (operand) operand->range = range;
@@ -62,6 +70,19 @@ std::optional<std::int64_t> ExpressionCompiler::CompileConstant(const Expression
                      std::string(what) + " must be made of numbers, parameters and loop variables");
   }
   return operand->constant;
+}
+
+std::optional<bool> ExpressionCompiler::CompileCondition(const Expression& condition) {
+  const std::optional<Operand> operand = Compile(condition);
+  if (!operand) return std::nullopt;
+  const std::optional<bool> truth = GetConstantTruth(*operand);
+  if (!truth) {
+    diagnostics_.Add(condition.range, IsTruth(*operand)
+                                          ? "a condition must be made of numbers, parameters and "
+                                            "loop variables"
+                                          : "a condition is a truth value such as 'i < j'");
+  }
+  return truth;
 }
 
 std::optional<KivOmbNetwork::VariableId> ExpressionCompiler::GetVariable(const Operand& operand) {
@@ -94,6 +115,25 @@ const KivOmbiObjectDescriptor& ExpressionCompiler::GetKind(const Operand& operan
   return operand.constant ? constant_kind_ : model_.GetNetwork().GetKind(operand.variable);
 }
 
+bool ExpressionCompiler::IsTruth(const Operand& operand) const {
+  return KivOmbiBoolean::sDescriptor->IsMatched(&GetKind(operand)) != 0;
+}
+
+void ExpressionCompiler::AssertTruth(const Operand& operand) {
+  const auto truth = CompileTruth(true, operand.range);
+  if (truth && GetConstantTruth(operand) != true) {
+    ApplyRelation({"=", operand.range}, operand, *truth);
+  }
+}
+
+std::optional<bool> ExpressionCompiler::GetConstantTruth(const Operand& operand) const {
+  for (const bool value : {false, true}) {
+    const auto& fixed = fixed_truths_[value ? 1 : 0];
+    if (!operand.constant && fixed == operand.variable) return value;
+  }
+  return std::nullopt;
+}
+
 std::optional<Operand> ExpressionCompiler::CompileTruth(bool value, SourceRange range) {
   auto& fixed = fixed_truths_[value ? 1 : 0];
   if (!fixed) {
@@ -111,60 +151,73 @@ std::optional<Operand> ExpressionCompiler::CompileTruth(bool value, SourceRange 
   return Operand{std::nullopt, *fixed, range};
 }
 
-std::optional<Operand> ExpressionCompiler::CompileReference(const Reference& reference,
-                                                            SourceRange range) {
-  const Scope::Entry* entry = scope_.Find(reference.name);
-  if (entry == nullptr) {
-    std::vector<std::string> names = scope_.GetNames();
-    names.insert(names.end(), {"solve", "param", "for", "true", "false"});
-    diagnostics_.Add(
-        range, "unknown name '" + reference.name + '\'' + SuggestNearName(reference.name, names));
-    return std::nullopt;
-  }
-  if (std::holds_alternative<Scope::Broken>(entry->meaning)) return std::nullopt;
-  if (const auto* array = std::get_if<Scope::Array>(&entry->meaning)) {
-    return CompileElement(*array, reference, range);
-  }
-  if (reference.index != nullptr) {
-    diagnostics_.Add(range, '\'' + reference.name + "' is no array");
-    return std::nullopt;
-  }
-  if (const auto* constant = std::get_if<Scope::Constant>(&entry->meaning)) {
-    return Operand{constant->value, KivOmbNetwork::kNone, range};
-  }
-  return Operand{std::nullopt, std::get<Scope::Scalar>(entry->meaning).variable, range};
+std::optional<Operand> ExpressionCompiler::CompileMembership(const MembershipTest& test) {
+  const std::optional<Operand> element = Compile(*test.element);
+  const std::optional<IntegerSet> set = generators_.CompileSet(*test.set);
+  if (!element || !set) return std::nullopt;
+  if (element->constant) return CompileTruth(set->Contains(*element->constant), element->range);
+  diagnostics_.Add(test.symbol.range, "'in' asks only about constants");
+  return std::nullopt;
 }
 
-std::optional<Operand> ExpressionCompiler::CompileElement(const Scope::Array& array,
-                                                          const Reference& reference,
-                                                          SourceRange range) {
-  const std::string bounds = "1.." + std::to_string(array.size);
-  if (reference.index == nullptr) {
-    diagnostics_.Add(range, '\'' + reference.name + "' is an array with indices " + bounds +
-                                "; write '" + reference.name + "[...]'");
-    return std::nullopt;
-  }
-  const auto index = CompileConstant(*reference.index, "an index");
-  if (!index) return std::nullopt;
-  if (*index < 1 || *index > array.size) {
-    diagnostics_.Add(reference.index->range, "the index " + std::to_string(*index) + " of '" +
-                                                 reference.name + "' is outside " + bounds);
-    return std::nullopt;
-  }
-  return Operand{std::nullopt, array.first + static_cast<std::uint32_t>(*index - 1), range};
+std::optional<Operand> ExpressionCompiler::CompileConditional(
+    const ConditionalExpression& conditional) {
+  const std::optional<bool> condition = CompileCondition(*conditional.condition);
+  if (!condition) return std::nullopt;
+  return Compile(*condition ? *conditional.first : *conditional.second);
+}
+
+void ExpressionCompiler::RefuseSeveral(const Expression& expression) {
+  const bool is_range = std::holds_alternative<RangeLiteral>(expression.form);
+  const auto* comprehension = std::get_if<Comprehension>(&expression.form);
+  const bool is_set = comprehension != nullptr
+                          ? comprehension->is_set
+                          : std::holds_alternative<SetLiteral>(expression.form);
+  diagnostics_.Add(expression.range,
+                   is_range ? "a range is no value; it stands behind 'in' or as a domain"
+                   : is_set ? "a set is no value; it stands behind 'in' or as a domain"
+                            : "a list is no value; it stands as an argument of a call");
+}
+
+std::optional<Operand> ExpressionCompiler::CompileUnary(const UnaryApplication& application,
+                                                        SourceRange range) {
+  const Word& symbol = application.symbol;
+  if (symbol.text == "not" && !CheckAsks(symbol, *application.operand)) return std::nullopt;
+  const std::optional<Operand> operand = Compile(*application.operand);
+  return operand ? ApplyUnary(symbol, *operand, range) : std::nullopt;
 }
 
 std::optional<Operand> ExpressionCompiler::CompileChain(const Chain& chain) {
-  std::optional<Operand> value = Compile(chain.operands[0]);
-  for (std::size_t i = 0; i < chain.operators.size(); ++i) {
-    const std::optional<Operand> right = Compile(chain.operands[i + 1]);
-    if (!right) {
-      value.reset();
-    } else if (value) {
-      value = ApplyBinary(chain.operators[i], *value, *right);
-    }
+  const Precedence precedence = GetPrecedence(chain.operators.front().text);
+  std::vector<Operand> operands;
+  for (std::size_t i = 0; i < chain.operands.size(); ++i) {
+    const Word& symbol = chain.operators[i == 0 ? 0 : i - 1];
+    if (IsConnective(precedence) && !CheckAsks(symbol, chain.operands[i])) continue;
+    if (const auto operand = Compile(chain.operands[i])) operands.push_back(*operand);
+  }
+  if (operands.size() != chain.operands.size()) return std::nullopt;
+
+  const bool from_right = precedence == Precedence::kImplication;
+  const std::size_t count = chain.operators.size();
+  std::optional<Operand> value = from_right ? operands.back() : operands.front();
+  for (std::size_t i = 0; i < count && value; ++i) {
+    value = from_right
+                ? ApplyBinary(chain.operators[count - 1 - i], operands[count - 1 - i], *value)
+                : ApplyBinary(chain.operators[i], *value, operands[i + 1]);
   }
   return value;
+}
+
+bool ExpressionCompiler::CheckAsks(const Word& symbol, const Expression& operand) {
+  const Word* relation = FindOutermost(Precedence::kRelation, operand);
+  if (relation == nullptr) return true;
+  const std::string_view question = GetCounterpart(relation->text);
+  diagnostics_.Add(relation->range,
+                   "'" + relation->text + "' asserts, but '" + symbol.text +
+                       "' needs a truth value; did you mean " +
+                       (question.empty() ? "'not ... == ...'" : "'" + std::string(question) + "'") +
+                       "?");
+  return false;
 }
 
 std::optional<Operand> ExpressionCompiler::CompileCall(const Call& call, SourceRange range) {
@@ -173,11 +226,16 @@ std::optional<Operand> ExpressionCompiler::CompileCall(const Call& call, SourceR
                      "'all_different' is a constraint of its own, not part of an expression");
     return std::nullopt;
   }
+  if (call.name.text == "size") {
+    const auto size = references_.CompileSize(call);
+    if (!size) return std::nullopt;
+    return Operand{size, KivOmbNetwork::kNone, range};
+  }
   const KivOmbiOperatorTable& operators = vocabulary_.GetOperators();
   const bool known = !operators.FindRows(call.name.text, 1).empty() ||
                      !operators.FindRows(call.name.text, 2).empty();
   if (!known) {
-    std::vector<std::string> names = {"all_different"};
+    std::vector<std::string> names = {"all_different", "size"};
     for (const Row* row : operators.GetRows()) names.push_back(row->GetSymbol());
     diagnostics_.Add(call.name.range, "unknown function '" + call.name.text + '\'' +
                                           SuggestNearName(call.name.text, names));
@@ -207,6 +265,9 @@ std::optional<Operand> ExpressionCompiler::ApplyUnary(const Word& symbol, const 
   }
   const Row* row = FindRow(symbol, {&operand});
   if (row == nullptr || !CheckPropagates(*row, symbol, {&operand})) return std::nullopt;
+  if (const auto truth = GetConstantTruth(operand); truth && symbol.text == "not") {
+    return CompileTruth(!*truth, range);
+  }
   return Post(*row, operand, nullptr, true, range);
 }
 
@@ -217,6 +278,9 @@ std::optional<Operand> ExpressionCompiler::ApplyBinary(const Word& symbol, const
   }
   const SourceRange range = Join(left.range, right.range);
   if (left.constant && right.constant) {
+    if (const auto answer = FoldQuestion(symbol.text, *left.constant, *right.constant)) {
+      return CompileTruth(*answer, range);
+    }
     const FoldedConstant folded = FoldBinary(symbol.text, *left.constant, *right.constant);
     if (folded.value) return Operand{folded.value, KivOmbNetwork::kNone, range};
     if (!folded.error.empty()) {
@@ -229,7 +293,26 @@ std::optional<Operand> ExpressionCompiler::ApplyBinary(const Word& symbol, const
   if (symbol.text == "*" && left.constant) return ApplyScaling(*row, left, right, range);
   if (symbol.text == "*" && right.constant) return ApplyScaling(*row, right, left, range);
   if (!CheckPropagates(*row, symbol, {&left, &right})) return std::nullopt;
+  const bool constant_truth = GetConstantTruth(left) || GetConstantTruth(right);
+  if (constant_truth && FoldConnective(symbol.text, true, true)) {
+    return ApplyToConstantTruth(symbol, left, right);
+  }
   return Post(*row, left, &right, true, range);
+}
+
+// The open operand alone decides: the value is constant, that operand or its negation.
+std::optional<Operand> ExpressionCompiler::ApplyToConstantTruth(const Word& symbol,
+                                                                const Operand& left,
+                                                                const Operand& right) {
+  const auto left_truth = GetConstantTruth(left);
+  const auto right_truth = GetConstantTruth(right);
+  const auto value_for = [&](bool open) {
+    return *FoldConnective(symbol.text, left_truth.value_or(open), right_truth.value_or(open));
+  };
+  const SourceRange range = Join(left.range, right.range);
+  if (value_for(false) == value_for(true)) return CompileTruth(value_for(true), range);
+  const Operand& open = left_truth ? right : left;
+  return value_for(true) ? open : ApplyUnary({"not", symbol.range}, open, range);
 }
 
 std::optional<Operand> ExpressionCompiler::ApplyRelation(const Word& symbol, const Operand& left,
@@ -248,10 +331,8 @@ std::optional<Operand> ExpressionCompiler::ApplyScaling(const Row& row, const Op
   }
   const auto result = AddVariable(*row.GetResult(), range);
   if (!result || !budget_.Spend(1, range, diagnostics_)) return std::nullopt;
-  const std::array arguments = {operand.variable, *result};
-  model_.AddOrigin(model_.GetNetwork().Emplace<Scaling>(
-                       arguments, static_cast<std::int32_t>(*coefficient.constant)),
-                   range);
+  const LinearTerm terms[] = {{*coefficient.constant, operand.variable}, {-1, *result}};
+  model_.AddOrigin(PostLinear(model_.GetNetwork(), terms, LinearRelation::kEqual, 0), range);
   return Operand{std::nullopt, *result, range};
 }
 
@@ -272,6 +353,10 @@ const KivOmbiCompoundObjectDescriptor* ExpressionCompiler::FindRow(
                                        (count == 1 ? " operand" : " operands"));
   } else {
     notes.insert(notes.begin(), '\'' + symbol.text + "' is known for:");
+    if (symbol.text == "not" || IsConnective(GetPrecedence(symbol.text))) {
+      notes.push_back("'x == 1' has a truth value; 'x = 1' asserts and binds looser");
+    }
+    if (symbol.text == "=>") notes.push_back("greater or equal is written '>='");
     diagnostics_.Add(symbol.range,
                      "operator '" + symbol.text + "' is not known for " + DescribeKinds(operands),
                      notes);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -9,6 +8,7 @@
 #include "solver/language/compiled_model.h"
 #include "solver/language/diagnostics.h"
 #include "solver/language/expansion_budget.h"
+#include "solver/language/parameter_value.h"
 #include "solver/language/syntax_tree.h"
 #include "solver/language/vocabulary.h"
 
@@ -16,7 +16,7 @@ namespace kiv {
 
 struct CompileOptions {
   // Values of parameters that take the place of those in the model.
-  std::map<std::string, std::int64_t> parameters;
+  std::map<std::string, ParameterValue> parameters;
   ExpansionLimits limits;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <variant>
@@ -8,7 +9,11 @@
 
 #include "framework/base/export.h"
 #include "framework/networks/network.h"
+#include "solver/language/array_shape.h"
+#include "solver/language/diagnostics.h"
+#include "solver/language/integer_set.h"
 #include "solver/language/source_text.h"
+#include "solver/language/syntax_tree.h"
 
 namespace kiv {
 
@@ -19,17 +24,29 @@ class KIV_EXPORT Scope {
   struct Constant {
     std::int64_t value;
   };
+  struct Truth {
+    bool value;
+  };
+  struct Set {
+    std::shared_ptr<const IntegerSet> values;
+  };
+  // A parameter of several values, row by row; truth values are 0 and 1.
+  struct ConstantArray {
+    ArrayShape shape;
+    bool are_truths;
+    std::shared_ptr<const std::vector<std::int64_t>> values;
+  };
   struct Scalar {
     KivOmbNetwork::VariableId variable;
   };
-  // Variables numbered one after the other; the first has index 1.
+  // Variables numbered one after the other, row by row.
   struct Array {
+    ArrayShape shape;
     KivOmbNetwork::VariableId first;
-    std::uint32_t size;
   };
   // A name whose declaration is wrong: its uses are no further mistakes.
   struct Broken {};
-  using Meaning = std::variant<Constant, Scalar, Array, Broken>;
+  using Meaning = std::variant<Constant, Truth, Set, ConstantArray, Scalar, Array, Broken>;
 
   struct Entry {
     Meaning meaning;
@@ -46,5 +63,9 @@ class KIV_EXPORT Scope {
  private:
   std::unordered_map<std::string, Entry> entries_;
 };
+
+// Gives a name its meaning; false, reported, when it has one already.
+KIV_EXPORT bool DeclareName(Scope& scope, const Word& name, Scope::Meaning meaning,
+                            Diagnostics& diagnostics);
 
 }  // namespace kiv

@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "solver/language/goal_kind.h"
 #include "solver/language/source_text.h"
 
 // A model as it is written, before names and operators have a meaning. Plain data: a parser makes
@@ -14,6 +15,7 @@
 namespace kiv {
 
 struct Expression;
+using ExpressionPointer = std::unique_ptr<Expression>;
 
 // A name, a symbol or a kind as it stands in the text.
 struct Word {
@@ -29,93 +31,168 @@ struct BooleanLiteral {
   bool value;
 };
 
-// `name`, or `name[index]`.
+// `name`, `name[i]` or `name[i, j]`. A null index is the `*` of a row `name[i, *]` or a column
+// `name[*, j]`.
 struct Reference {
   std::string name;
-  std::unique_ptr<Expression> index;  // may be null
+  std::vector<ExpressionPointer> indices;
 };
 
-// `-e`, `abs e`, `(interval int) e`: the symbol is that of the operator's row.
+// `-e`, `abs e`, `not e`, `(interval int) e`: the symbol is that of the operator's row.
 struct UnaryApplication {
   Word symbol;
-  std::unique_ptr<Expression> operand;
+  ExpressionPointer operand;
 };
 
-// `a + b - c`: operators of one level of precedence, applied from left to right. There is one more
-// operand than operators. A chain of relations has this form, too, and so has `a ^ b`.
+// `a + b - c`: operators of one level of precedence, applied from left to right, but `=>` from
+// right to left. There is one more operand than operators. A chain of relations has this form, too,
+// and so has `a ^ b`.
 struct Chain {
   std::vector<Expression> operands;
   std::vector<Word> operators;
 };
 
-// `name(a, b, c)`.
+// `name(a, b, c)`. An argument may be a list.
 struct Call {
   Word name;
   std::vector<Expression> arguments;
 };
 
-struct Expression {
-  SourceRange range;
-  std::variant<IntegerLiteral, BooleanLiteral, Reference, UnaryApplication, Chain, Call> form;
+// `first..last`, and `[first, last]` where a domain is declared. No value: it stands behind `in`,
+// as a domain or as the size of an array.
+struct RangeLiteral {
+  ExpressionPointer first;
+  ExpressionPointer last;
 };
 
-struct Domain {
-  enum class Form {
-    kAny,       // nothing is said
-    kValues,    // the values of `elements`
-    kInterval,  // from the first of two elements to the second
-  };
-  Form form = Form::kAny;
-  SourceRange range;
+// `{ a, b, c }`.
+struct SetLiteral {
   std::vector<Expression> elements;
 };
 
+// `[a, b, c]`; a list of lists is written row by row.
+struct ListLiteral {
+  std::vector<Expression> elements;
+};
+
+// `name in values where condition`. The values are a range, a set or a name; a relation of the
+// condition asks and never asserts.
+struct Generator {
+  Word name;
+  ExpressionPointer values;
+  ExpressionPointer condition;  // may be null
+};
+
+// `[element | generators]` or `{ element | generators }`.
+struct Comprehension {
+  bool is_set;
+  ExpressionPointer element;
+  std::vector<Generator> generators;
+};
+
+// `name(generators)(body)`, such as a sum.
+struct Aggregate {
+  Word name;
+  std::vector<Generator> generators;
+  ExpressionPointer body;
+};
+
+// `element in set`, a truth value.
+struct MembershipTest {
+  ExpressionPointer element;
+  Word symbol;
+  ExpressionPointer set;
+};
+
+// `if condition then first else second`; a relation of the condition asks and never asserts.
+struct ConditionalExpression {
+  ExpressionPointer condition;
+  ExpressionPointer first;
+  ExpressionPointer second;
+};
+
+struct Expression {
+  SourceRange range;  // with the parentheses around it
+  std::variant<IntegerLiteral, BooleanLiteral, Reference, UnaryApplication, Chain, Call,
+               RangeLiteral, SetLiteral, ListLiteral, Comprehension, Aggregate, MembershipTest,
+               ConditionalExpression>
+      form;
+};
+
+// `name`, `name[n]` or `name[first..last, n]`.
 struct Declarator {
   Word name;
-  std::unique_ptr<Expression> size;  // null for a single variable
+  // Each a number of elements or a range of indices; none for a single value. A null one, of a
+  // parameter alone, is as large as its value.
+  std::vector<ExpressionPointer> dimensions;
 };
 
 // `a, b[n] : kind = domain;`
 struct Declaration {
   std::vector<Declarator> declarators;
   Word kind;
-  Domain domain;
+  ExpressionPointer domain;  // a value, a range or a set; null for Any
 };
 
-// `param name : kind = value;`
+// `param name[n] : kind = value;`
 struct Parameter {
-  Word name;
+  Declarator declarator;
   Word kind;
-  Expression value;
+  ExpressionPointer value;  // null when it must be given
 };
 
-// `expression;`
+// `expression with annotation, annotation;`
 struct Constraint {
   Expression expression;
+  std::vector<Word> annotations;
 };
 
 struct Statement;
 
-// `for i in first..last, j in ... { body }`
+// `for generators { body }`
 struct Loop {
-  struct Range {
-    Word name;
-    Expression first;
-    Expression last;
-  };
-  std::vector<Range> ranges;
-  std::vector<Statement> body;  // constraints and loops
+  std::vector<Generator> generators;
+  std::vector<Statement> body;  // constraints, loops and conditions
 };
 
-// `solve;`
-struct Solve {};
+// `if condition { first } else { second }`
+struct ConditionalStatement {
+  Expression condition;
+  std::vector<Statement> first;
+  std::vector<Statement> second;
+};
+
+// `solve;`, `solve all;`, `minimize e;` or `maximize e;`
+struct Goal {
+  GoalKind kind = GoalKind::kSatisfy;
+  ExpressionPointer objective;  // null unless the kind has one
+};
+
+// `branch on x, q by variable_choice, value_choice;`
+struct BranchStatement {
+  std::vector<Expression> variables;
+  Word variable_choice;
+  Word value_choice;  // empty when it is left out
+};
+
+// A text between quotes, without its escapes.
+struct TextLiteral {
+  std::string text;
+};
+
+// `show "x is ", x;`
+struct ShowStatement {
+  std::vector<std::variant<TextLiteral, Expression>> items;
+};
 
 struct Statement {
   SourceRange range;
-  std::variant<Parameter, Declaration, Constraint, Loop, Solve> form;
+  std::variant<Parameter, Declaration, Constraint, Loop, ConditionalStatement, Goal,
+               BranchStatement, ShowStatement>
+      form;
 };
 
-// The last statement, and only that, is a Solve.
+// There is exactly one Goal; only ShowStatements follow it.
 struct SyntaxTree {
   std::vector<Statement> statements;
 };

@@ -1,7 +1,5 @@
 #include "tests/support/enumeration.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <stdexcept>
 
@@ -13,6 +11,8 @@ namespace kiv::test {
 
 namespace {
 
+using VariableId = KivOmbNetwork::VariableId;
+
 std::string Print(const KivOmbiObject& object) {
   Kivostrstream out;
   object.PrintOn(out);
@@ -21,9 +21,17 @@ std::string Print(const KivOmbiObject& object) {
 
 }  // namespace
 
-KivOmbNetwork::VariableId Declare(KivOmbNetwork& network, const Declared& declared) {
+Values Range(std::int32_t lower, std::int32_t upper) {
+  Values values;
+  for (std::int64_t value = lower; value <= upper; ++value) {
+    values.push_back(static_cast<std::int32_t>(value));
+  }
+  return values;
+}
+
+VariableId Declare(KivOmbNetwork& network, const Declared& declared) {
   const auto variable = network.AddVariable(*declared.kind);
-  if (declared.values.empty()) return variable;
+  if (declared.unknown || declared.values.empty()) return variable;
   network.Update(variable, [&](KivOmbiAny& domain) {
     if (auto* truth = KivCast<KivOmbiBoolean>(&domain)) {
       if (declared.values.size() == 1) truth->CalcTruthValue(declared.values[0] != 0);
@@ -36,16 +44,31 @@ KivOmbNetwork::VariableId Declare(KivOmbNetwork& network, const Declared& declar
   return variable;
 }
 
-Values ValuesOf(const KivOmbNetwork& network, KivOmbNetwork::VariableId variable) {
+void Restrict(KivOmbNetwork& network, VariableId variable, const Values& values) {
+  KivOmbNetwork other;
+  const VariableId copy = Declare(other, {&network.GetKind(variable), values});
+  network.Update(variable, [&](KivOmbiAny& domain) { domain.Intersect(other.GetDomain(copy)); });
+}
+
+Values ValuesOf(const KivOmbNetwork& network, VariableId variable) {
   const KivOmbiDomainSummary& summary = network.GetSummary(variable);
-  const KivOmbiAny& domain = network.GetDomain(variable);
   if (summary.IsAny()) throw std::runtime_error("the variable is Any");
+  const auto* integer = KivCast<KivOmbiInteger>(&network.GetDomain(variable));
+  if (integer == nullptr) return Range(summary.lower, summary.upper);
+  // Above the upper bound kinds answer with values that they do not hold.
   Values values;
-  for (std::int32_t value = summary.lower; value <= summary.upper; ++value) {
-    const auto* integer = KivCast<KivOmbiInteger>(&domain);
-    if (integer == nullptr || integer->MayBe(value)) values.push_back(value);
+  for (std::int32_t value = summary.lower; value < summary.upper;
+       value = integer->GetNextExactValue(value)) {
+    values.push_back(value);
   }
+  if (!summary.IsNil()) values.push_back(summary.upper);
   return values;
+}
+
+bool IsPossible(const KivOmbNetwork& network, VariableId variable, std::int64_t value) {
+  const KivOmbiAny& domain = network.GetDomain(variable);
+  if (const auto* truth = KivCast<KivOmbiBoolean>(&domain)) return truth->CanBe(value != 0) != 0;
+  return static_cast<const KivOmbiInteger&>(domain).MayBe(static_cast<std::int32_t>(value));
 }
 
 std::vector<Assignment> EnumerateSolutions(const std::vector<Values>& domains,
@@ -66,29 +89,58 @@ std::vector<Assignment> EnumerateSolutions(const std::vector<Values>& domains,
   return solutions;
 }
 
-std::vector<Assignment> SearchSolutions(KivOmbNetwork& network) {
-  std::vector<KivOmbNetwork::VariableId> all(network.CountVariables());
-  for (KivOmbNetwork::VariableId i = 0; i < all.size(); ++i) all[i] = i;
-  std::vector<Assignment> solutions;
+FoundSolutions Search(KivOmbNetwork& network) {
+  std::vector<VariableId> all(network.CountVariables());
+  for (VariableId i = 0; i < all.size(); ++i) all[i] = i;
+  FoundSolutions found;
   const SearchResult result = BisectionSearch(network, all).Run([&](const SearchLeaf& leaf) {
-    EXPECT_TRUE(leaf.complete) << "a variable stays unknown";
-    Assignment& solution = solutions.emplace_back();
+    if (!leaf.complete) {
+      found.open = true;
+      return true;
+    }
+    Assignment& solution = found.solutions.emplace_back();
     for (const auto variable : all) solution.push_back(network.GetSummary(variable).lower);
     return true;
   });
-  EXPECT_EQ(result.end, SearchEnd::kExhausted)
-      << (result.culprit ? Print(network.GetConstraint(*result.culprit)) : "");
-  std::ranges::sort(solutions);
-  return solutions;
+  if (result.end == SearchEnd::kViolated) {
+    throw std::runtime_error("what search found violates " +
+                             Print(network.GetConstraint(*result.culprit)));
+  }
+  found.overflow = result.end == SearchEnd::kOverflow;
+  std::ranges::sort(found.solutions);
+  return found;
+}
+
+std::vector<Assignment> SearchSolutions(KivOmbNetwork& network) {
+  FoundSolutions found = Search(network);
+  if (found.open) throw std::runtime_error("search leaves a variable unknown");
+  if (found.overflow) throw std::runtime_error("search ends with an overflow");
+  return std::move(found.solutions);
+}
+
+std::string Text(const KivOmbNetwork& network, VariableId variable) {
+  return Print(network.GetDomain(variable));
+}
+
+std::string Text(const KivOmbNetwork& network) {
+  std::string text;
+  for (VariableId i = 0; i < network.CountVariables(); ++i) {
+    text += (i == 0 ? "" : "; ") + Text(network, i);
+  }
+  return text;
+}
+
+std::string Print(const Declared& declared) {
+  std::string text = declared.kind->GetName();
+  if (declared.unknown || declared.values.empty()) return text + " unknown";
+  text += " {";
+  for (const std::int32_t value : declared.values) text += " " + std::to_string(value);
+  return text + " }";
 }
 
 std::string Print(const std::vector<Declared>& declared) {
   std::string text;
-  for (const Declared& variable : declared) {
-    text += (text.empty() ? "" : "; ") + variable.kind->GetName() + " {";
-    for (const std::int32_t value : variable.values) text += " " + std::to_string(value);
-    text += " }";
-  }
+  for (const Declared& variable : declared) text += (text.empty() ? "" : "; ") + Print(variable);
   return text;
 }
 

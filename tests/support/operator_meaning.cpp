@@ -38,6 +38,15 @@ const Entry kEntries[] = {
         return b != 0 && std::llabs(z) < std::llabs(b) && (a - z) % b == 0 &&
                (z == 0 || (z < 0) == (a < 0));
       }}},
+    {"div",
+     2,
+     {Type::kFunction,
+      [](Int a, Int b, Int z) {
+        // What |b| * |z| leaves of |a| is less than |b|.
+        const Int rest = std::llabs(a) - std::llabs(b) * std::llabs(z);
+        const bool sign_fits = z == 0 || (z < 0) == ((a < 0) != (b < 0));
+        return 0 <= rest && rest < std::llabs(b) && sign_fits;
+      }}},
     {"/\\", 2, {Type::kFunction, [](Int a, Int b, Int z) { return z == (a < b ? a : b); }}},
     {"\\/", 2, {Type::kFunction, [](Int a, Int b, Int z) { return z == (a < b ? b : a); }}},
     {"=", 2, {Type::kRelation, [](Int a, Int b, Int z) { return a == b && z == b; }}},
@@ -51,6 +60,11 @@ const Entry kEntries[] = {
     {"<==", 2, {Type::kTruth, [](Int a, Int b, Int z) { return (a <= b) == (z == 1); }}},
     {">>", 2, {Type::kTruth, [](Int a, Int b, Int z) { return (a > b) == (z == 1); }}},
     {">==", 2, {Type::kTruth, [](Int a, Int b, Int z) { return (a >= b) == (z == 1); }}},
+    {"and", 2, {Type::kTruth, [](Int a, Int b, Int z) { return z == a * b; }}},
+    {"or", 2, {Type::kTruth, [](Int a, Int b, Int z) { return z == (a + b > 0 ? 1 : 0); }}},
+    {"=>", 2, {Type::kTruth, [](Int a, Int b, Int z) { return z == (a <= b ? 1 : 0); }}},
+    {"xor", 2, {Type::kTruth, [](Int a, Int b, Int z) { return z == (a + b == 1 ? 1 : 0); }}},
+    {"not", 1, {Type::kTruth, [](Int a, Int, Int z) { return z == 1 - a; }}},
     {"-", 1, {Type::kFunction, [](Int a, Int, Int z) { return z == -a; }}},
     {"abs", 1, {Type::kFunction, [](Int a, Int, Int z) { return z == (a < 0 ? -a : a); }}},
     {"sign",

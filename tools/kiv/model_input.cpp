@@ -32,8 +32,8 @@ std::string ReadText(const std::string& file) {
   return std::move(text).str();
 }
 
-std::map<std::string, std::int64_t> ReadDefinitions(const std::vector<std::string>& definitions) {
-  std::map<std::string, std::int64_t> values;
+std::map<std::string, ParameterValue> ReadDefinitions(const std::vector<std::string>& definitions) {
+  std::map<std::string, ParameterValue> values;
   for (const std::string& definition : definitions) {
     const std::size_t sign = definition.find('=');
     if (sign == 0 || sign == std::string::npos) {

@@ -21,6 +21,7 @@ class KIV_EXPORT KivOmbiMultiplicationConstraint final : public KivOmbiOperatorC
   explicit KivOmbiMultiplicationConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiMultiplicationConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
@@ -32,6 +33,7 @@ class KIV_EXPORT KivOmbiPowerConstraint final : public KivOmbiOperatorConstraint
   explicit KivOmbiPowerConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiPowerConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
@@ -42,6 +44,7 @@ class KIV_EXPORT KivOmbiRemainderConstraint final : public KivOmbiOperatorConstr
   explicit KivOmbiRemainderConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiRemainderConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
@@ -51,6 +54,7 @@ class KIV_EXPORT KivOmbiMinimumConstraint final : public KivOmbiOperatorConstrai
   explicit KivOmbiMinimumConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiMinimumConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
@@ -60,5 +64,6 @@ class KIV_EXPORT KivOmbiMaximumConstraint final : public KivOmbiOperatorConstrai
   explicit KivOmbiMaximumConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiMaximumConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };

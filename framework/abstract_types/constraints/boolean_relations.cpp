@@ -16,15 +16,15 @@ const KivOmbiOperatorConstraintDescriptor<KivOmbiBooleanLessOrEqualConstraint>
 
 enum class Truth { kTrue, kFalse, kOpen, kNeither };
 
-// Narrows t by `decide(l, r, t)`, which tells what the domains of l and r decide, and says what is
-// known of it. `of_itself` is the truth of the relation between a variable and itself.
+// Narrows t by `decide(t)`, which tells what the domains of l and r decide, and says what is known
+// of it. `of_itself` is the truth of the relation between a variable and itself.
 template <class Decide>
 Truth DecideTruth(const KivOmbiObjectEnvironment& environment, bool of_itself, Decide&& decide) {
   if (!environment.Summary(kTruth).IsFixed()) {
     const bool possible = environment.NarrowAny(kTruth, [&](KivOmbiAny& domain) {
       auto& truth = static_cast<KivOmbiBoolean&>(domain);
       if (environment.IsSame(kLeft, kRight)) return truth.CalcTruthValue(of_itself);
-      return decide(environment.Integer(kLeft), environment.Integer(kRight), truth);
+      return decide(truth);
     });
     if (!possible) return Truth::kNeither;
   }
@@ -45,10 +45,9 @@ KivOmbiBooleanEqualConstraint::~KivOmbiBooleanEqualConstraint() = default;
 
 std::int64_t KivOmbiBooleanEqualConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                    std::int64_t) {
-  switch (DecideTruth(environment, true,
-                      [](const KivOmbiInteger& l, const KivOmbiInteger& r, KivOmbiBoolean& t) {
-                        return l.CalcIsEqual(r, t);
-                      })) {
+  switch (DecideTruth(environment, true, [&](KivOmbiBoolean& t) {
+    return environment.Domain(kLeft).CalcIsEqual(environment.Domain(kRight), t);
+  })) {
     case Truth::kTrue:
       return kiv::Equate(environment, kLeft, kRight);
     case Truth::kFalse:
@@ -75,10 +74,9 @@ KivOmbiBooleanLessConstraint::~KivOmbiBooleanLessConstraint() = default;
 
 std::int64_t KivOmbiBooleanLessConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                   std::int64_t) {
-  switch (DecideTruth(environment, false,
-                      [](const KivOmbiInteger& l, const KivOmbiInteger& r, KivOmbiBoolean& t) {
-                        return r.CalcIsLess(l, t);
-                      })) {
+  switch (DecideTruth(environment, false, [&](KivOmbiBoolean& t) {
+    return environment.Integer(kRight).CalcIsLess(environment.Integer(kLeft), t);
+  })) {
     case Truth::kTrue:
       return kiv::Order(environment, kRight, kLeft, 1);
     case Truth::kFalse:
@@ -106,10 +104,9 @@ KivOmbiBooleanLessOrEqualConstraint::~KivOmbiBooleanLessOrEqualConstraint() = de
 
 std::int64_t KivOmbiBooleanLessOrEqualConstraint::Filter(
     const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  switch (DecideTruth(environment, true,
-                      [](const KivOmbiInteger& l, const KivOmbiInteger& r, KivOmbiBoolean& t) {
-                        return r.CalcIsLessOrEqual(l, t);
-                      })) {
+  switch (DecideTruth(environment, true, [&](KivOmbiBoolean& t) {
+    return environment.Integer(kRight).CalcIsLessOrEqual(environment.Integer(kLeft), t);
+  })) {
     case Truth::kTrue:
       return kiv::Order(environment, kRight, kLeft, 0);
     case Truth::kFalse:

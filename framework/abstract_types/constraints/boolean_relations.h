@@ -5,7 +5,7 @@
 // The relations as truth values: arguments l, r, t, where the boolean t is true if and only if the
 // relation holds between l and r. They assert nothing until t is known.
 
-// t if and only if l = r.
+// t if and only if l = r; both integers or both booleans.
 class KIV_EXPORT KivOmbiBooleanEqualConstraint final : public KivOmbiOperatorConstraint {
  public:
   static const KivOmbiObjectDescriptor* const sDescriptor;

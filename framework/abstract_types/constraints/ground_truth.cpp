@@ -24,6 +24,10 @@ bool IsPower(std::int64_t x, std::int64_t y, std::int64_t z) {
 
 bool IsRemainder(std::int64_t x, std::int64_t y, std::int64_t z) { return y != 0 && z == x % y; }
 
+bool IsTruncatedQuotient(std::int64_t x, std::int64_t y, std::int64_t z) {
+  return y != 0 && z == x / y;
+}
+
 bool IsSign(std::int64_t x, std::int64_t sign) { return sign == (x > 0) - (x < 0); }
 
 }  // namespace kiv::ground_truth

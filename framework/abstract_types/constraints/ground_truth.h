@@ -16,6 +16,8 @@ KIV_EXPORT bool IsProduct(std::int64_t x, std::int64_t y, std::int64_t z);
 KIV_EXPORT bool IsPower(std::int64_t x, std::int64_t y, std::int64_t z);
 // z = x mod y, truncating; y <> 0
 KIV_EXPORT bool IsRemainder(std::int64_t x, std::int64_t y, std::int64_t z);
+// z = x div y, truncating toward zero; y <> 0
+KIV_EXPORT bool IsTruncatedQuotient(std::int64_t x, std::int64_t y, std::int64_t z);
 // sign is -1, 0 or 1 as x is
 KIV_EXPORT bool IsSign(std::int64_t x, std::int64_t sign);
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "framework/abstract_types/boolean.h"
 #include "framework/intervals/sub_int_base.h"
 
 namespace kiv {
@@ -20,26 +21,51 @@ KivOmbiFilterResult Verdict(bool possible) { return possible ? 0 : kKivContradic
 // in the target's own kind, which no kind refuses.
 const KivOmbiInteger& Edge(const KivOmbiObjectEnvironment& environment, unsigned i,
                            std::int64_t value) {
-  auto& edge =
-      static_cast<KivOmbiInteger&>(environment.Scratch(*environment.Kind(i), kEdgeScratch));
-  edge.SetExactValue(static_cast<std::int32_t>(value));
-  return edge;
+  return Constant(environment, *environment.Kind(i), static_cast<std::int32_t>(value));
 }
 
-// Builds `carried` from the values of argument i one by one. False when they are too many to look
-// at, or for the kind of `carried` to hold.
+// Builds `target` from those values between the bounds that are `wanted`, one by one. False when
+// there are none, too many to look at, or too many for the kind of `target` to hold.
+template <class Wanted>
+bool BuildByValues(KivOmbiInteger& target, std::int64_t lower, std::int64_t upper,
+                   Wanted&& wanted) {
+  constexpr std::int64_t kMostValues = 1024;
+  if (upper - lower >= kMostValues) return false;
+  target.SetNilValue();
+  for (std::int64_t value = lower; value <= upper; ++value) {
+    if (!wanted(static_cast<std::int32_t>(value))) continue;
+    target.InsertExactValue(static_cast<std::int32_t>(value));
+    if (target.IsUndefined() != 0) return false;
+  }
+  return target.IsNil() == 0;
+}
+
 bool CarryByValues(const KivOmbiObjectEnvironment& environment, unsigned i,
                    KivOmbiInteger& carried) {
-  constexpr std::int64_t kMostValues = 1024;
   const KivOmbiDomainSummary& summary = environment.Summary(i);
-  if (std::int64_t{summary.upper} - summary.lower >= kMostValues) return false;
-  carried.SetNilValue();
-  for (std::int64_t value = summary.lower; value <= summary.upper; ++value) {
-    if (!environment.Integer(i).MayBe(static_cast<std::int32_t>(value))) continue;
-    carried.InsertExactValue(static_cast<std::int32_t>(value));
-    if (carried.IsUndefined() != 0) return false;
+  return BuildByValues(carried, summary.lower, summary.upper,
+                       [&](std::int32_t value) { return environment.Integer(i).MayBe(value); });
+}
+
+// A kind that keeps values has no bounds while it is Any; a few candidates it can keep.
+KivOmbiFilterResult TakeCandidates(const KivOmbiObjectEnvironment& environment, unsigned target,
+                                   const Hull& candidates) {
+  auto& values =
+      static_cast<KivOmbiInteger&>(environment.Scratch(*environment.Kind(target), kEdgeScratch));
+  if (!BuildByValues(values, candidates.lower, candidates.upper,
+                     [](std::int32_t) { return true; })) {
+    return 0;
   }
-  return carried.IsNil() == 0;
+  return Verdict(environment.NarrowInteger(
+      target, [&](KivOmbiInteger& domain) { return domain.CalcEqualValue(values); }));
+}
+
+// Argument i, a boolean, is not `value`: so it is the other truth value.
+KivOmbiFilterResult Negate(const KivOmbiObjectEnvironment& environment, unsigned i,
+                           std::int32_t value) {
+  return Verdict(environment.NarrowAny(i, [&](KivOmbiAny& domain) {
+    return static_cast<KivOmbiBoolean&>(domain).CalcTruthValue(value == 0);
+  }));
 }
 
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, unsigned target,
@@ -84,6 +110,13 @@ KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, un
       i, [&](KivOmbiInteger& domain) { return domain.CalcLessOrEqualValue(edge); }));
 }
 
+KivOmbiFilterResult Assign(const KivOmbiObjectEnvironment& environment, unsigned i,
+                           std::int32_t value) {
+  const KivOmbiInteger& edge = Edge(environment, i, value);
+  return Verdict(environment.NarrowInteger(
+      i, [&](KivOmbiInteger& domain) { return domain.CalcEqualValue(edge); }));
+}
+
 KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
                                 std::int32_t value) {
   const KivOmbiDomainSummary& summary = environment.Summary(i);
@@ -111,6 +144,10 @@ KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsign
   for (const auto& [fixed, other] : {std::pair{i, j}, std::pair{j, i}}) {
     if (!environment.Summary(fixed).IsFixed()) continue;
     const std::int32_t value = environment.Summary(fixed).lower;
+    if (KivOmbiBoolean::sDescriptor->IsMatched(environment.Kind(other)) != 0) {
+      const auto result = Negate(environment, other, value);
+      return result != 0 ? result : kKivEntailed;
+    }
     if (const auto result = RemoveValue(environment, other, value)) return result;
     if (!environment.Integer(other).MayBe(value)) {
       return kKivEntailed;
@@ -131,6 +168,13 @@ KivOmbiFilterResult Order(const KivOmbiObjectEnvironment& environment, unsigned 
   return entailed ? kKivEntailed : kKivAtFixpoint;
 }
 
+const KivOmbiInteger& Constant(const KivOmbiObjectEnvironment& environment,
+                               const KivOmbiObjectDescriptor& kind, std::int32_t value) {
+  auto& constant = static_cast<KivOmbiInteger&>(environment.Scratch(kind, kEdgeScratch));
+  constant.SetExactValue(value);
+  return constant;
+}
+
 const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environment, unsigned i,
                             const KivOmbiObjectDescriptor& kind, unsigned scratch) {
   if (environment.Kind(i) == &kind) return &environment.Integer(i);
@@ -145,6 +189,7 @@ const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environment, unsigne
 KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment, unsigned target,
                                  const Hull& candidates, bool& unknown) {
   const KivOmbiDomainSummary& summary = environment.Summary(target);
+  if (candidates.IsEmpty()) return Empty(environment, target);
   if (candidates.lower >= kMax || candidates.upper <= kMin) {
     const bool excluded = candidates.lower >= kMax ? summary.upper < kMax : summary.lower > kMin;
     return excluded ? Empty(environment, target) : kKivOverflow;
@@ -153,7 +198,7 @@ KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment, un
   if (const auto result = TightenUpper(environment, target, candidates.upper)) return result;
   const bool saturates = candidates.lower <= kMin || candidates.upper >= kMax;
   unknown = saturates && summary.IsAny();
-  return 0;
+  return summary.IsAny() && !saturates ? TakeCandidates(environment, target, candidates) : 0;
 }
 
 }  // namespace kiv

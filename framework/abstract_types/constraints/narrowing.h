@@ -1,9 +1,13 @@
 #pragma once
 
+#include <array>
+#include <concepts>
 #include <cstdint>
+#include <utility>
 
 #include "framework/abstract_types/constraint.h"
 #include "framework/abstract_types/environment.h"
+#include "framework/intervals/hull.h"
 
 // The steps by which constraints narrow arguments of whatever kinds without losing a solution. Each
 // returns KivOmbiFilterResult bits of which kKivContradiction and kKivOverflow end the run and 0
@@ -23,15 +27,11 @@
 //   an end is only a part of what is possible: an unknown target stays unknown.
 namespace kiv {
 
-// A closed range of 64-bit integers; a bound of kUnbounded or more, either way, is no bound. Sums
-// and differences of two hulls do not overflow.
-struct Hull {
-  static constexpr std::int64_t kUnbounded = std::int64_t{1} << 60;
-  std::int64_t lower;
-  std::int64_t upper;
-};
-
+// The bounds of a domain; those at the ends of the integers are no bounds.
 KIV_EXPORT Hull HullOf(const KivOmbiDomainSummary& summary);
+inline Hull HullOf(const KivOmbiObjectEnvironment& environment, unsigned i) {
+  return HullOf(environment.Summary(i));
+}
 
 // Argument i >= bound, and <= bound. A bound at or beyond the end of the integers is none, unless
 // it leaves nothing.
@@ -39,6 +39,10 @@ KIV_EXPORT KivOmbiFilterResult TightenLower(const KivOmbiObjectEnvironment& envi
                                             std::int64_t bound);
 KIV_EXPORT KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, unsigned i,
                                             std::int64_t bound);
+
+// Argument i = value.
+KIV_EXPORT KivOmbiFilterResult Assign(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                      std::int32_t value);
 
 // Argument i <> value.
 KIV_EXPORT KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
@@ -51,7 +55,8 @@ KIV_EXPORT KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment
 KIV_EXPORT KivOmbiFilterResult Equate(const KivOmbiObjectEnvironment& environment, unsigned i,
                                       unsigned j);
 
-// Argument i <> argument j; kKivEntailed when that can no longer fail, else kKivAtFixpoint.
+// Argument i <> argument j, of the same type; kKivEntailed when that can no longer fail, else
+// kKivAtFixpoint.
 KIV_EXPORT KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsigned i,
                                         unsigned j);
 
@@ -59,6 +64,10 @@ KIV_EXPORT KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environm
 // else kKivAtFixpoint.
 KIV_EXPORT KivOmbiFilterResult Order(const KivOmbiObjectEnvironment& environment, unsigned small,
                                      unsigned large, int gap);
+
+// A domain of `kind` that holds `value` alone; valid until the next call of any step.
+KIV_EXPORT const KivOmbiInteger& Constant(const KivOmbiObjectEnvironment& environment,
+                                          const KivOmbiObjectDescriptor& kind, std::int32_t value);
 
 // Argument i as a domain of `kind`: itself or a converted copy (in scratch object `scratch`), or
 // null when that kind cannot tell what is possible for it.
@@ -71,28 +80,44 @@ KIV_EXPORT const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environme
 KIV_EXPORT KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment,
                                             unsigned target, const Hull& candidates, bool& unknown);
 
-// Narrows argument `target` to what arguments a and b can produce: all candidates lie in
-// `candidates`, and `compute(target, a, b)`, on domains of the kind `carrier`, narrows the target
-// exactly and returns its result code.
-template <class Compute>
+// The same where that is all that is known of the candidates.
+inline KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment,
+                                        unsigned target, const Hull& candidates) {
+  bool unknown = false;
+  return NarrowToHull(environment, target, candidates, unknown);
+}
+
+// Narrows argument `target` by an operation on domains of the kind `carrier`: all candidates lie in
+// `candidates`, and `compute(target, operand...)` narrows the target without losing a solution and
+// returns its result code. Where the carrier cannot hold a domain, the bounds are all that is used.
+template <class Compute, std::convertible_to<unsigned>... Operand>
 KivOmbiFilterResult NarrowByOperation(const KivOmbiObjectEnvironment& environment,
                                       const KivOmbiObjectDescriptor& carrier, unsigned target,
-                                      unsigned a, unsigned b, const Hull& candidates,
-                                      Compute&& compute) {
-  if (environment.Summary(a).IsAny() || environment.Summary(b).IsAny()) return 0;
+                                      const Hull& candidates, Compute&& compute,
+                                      Operand... operands) {
+  constexpr unsigned kOperands = sizeof...(operands);
   bool unknown = false;
   if (const auto result = NarrowToHull(environment, target, candidates, unknown)) return result;
   if (unknown) return 0;
 
-  const KivOmbiInteger* first = Carry(environment, a, carrier, 0);
-  const KivOmbiInteger* second = Carry(environment, b, carrier, 1);
-  if (first == nullptr || second == nullptr) return 0;
+  const std::array<unsigned, kOperands> arguments{static_cast<unsigned>(operands)...};
+  std::array<const KivOmbiInteger*, kOperands> carried;
+  for (unsigned i = 0; i < kOperands; ++i) {
+    carried[i] = Carry(environment, arguments[i], carrier, i);
+    if (carried[i] == nullptr) return 0;
+  }
+  const auto narrow = [&](KivOmbiInteger& domain) {
+    return [&]<std::size_t... I>(std::index_sequence<I...>) {
+      return compute(domain, *carried[I]...);
+    }
+    (std::make_index_sequence<kOperands>());
+  };
   const bool in_place = environment.Kind(target) == &carrier;
-  if (!in_place && Carry(environment, target, carrier, 2) == nullptr) return 0;
+  if (!in_place && Carry(environment, target, carrier, kOperands) == nullptr) return 0;
   const bool possible = environment.NarrowInteger(target, [&](KivOmbiInteger& domain) {
-    if (in_place) return compute(domain, *first, *second);
-    auto& carried = static_cast<KivOmbiInteger&>(environment.LastScratch(carrier, 2));
-    return compute(carried, *first, *second) != 0 ? domain.CalcEqualValue(carried) : 0;
+    if (in_place) return narrow(domain);
+    auto& copy = static_cast<KivOmbiInteger&>(environment.LastScratch(carrier, kOperands));
+    return narrow(copy) != 0 ? domain.CalcEqualValue(copy) : 0;
   });
   return possible ? 0 : kKivContradiction;
 }

@@ -11,6 +11,8 @@ class KIV_EXPORT KivOmbiNumberNegationConstraint final : public KivOmbiOperatorC
   explicit KivOmbiNumberNegationConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiNumberNegationConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
+  Cost GetCost() const override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
@@ -21,6 +23,8 @@ class KIV_EXPORT KivOmbiAbsoluteConstraint final : public KivOmbiOperatorConstra
   explicit KivOmbiAbsoluteConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiAbsoluteConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
+  Cost GetCost() const override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
@@ -31,6 +35,8 @@ class KIV_EXPORT KivOmbiNextConstraint final : public KivOmbiOperatorConstraint 
   explicit KivOmbiNextConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiNextConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
+  Cost GetCost() const override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 
@@ -41,6 +47,8 @@ class KIV_EXPORT KivOmbiSignumConstraint final : public KivOmbiOperatorConstrain
   explicit KivOmbiSignumConstraint(const KivOmbiCompoundObjectDescriptor* row);
   ~KivOmbiSignumConstraint() override;
 
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
+  Cost GetCost() const override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 

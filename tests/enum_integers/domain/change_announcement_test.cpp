@@ -28,6 +28,7 @@ class WatchingNetwork : public KivOmbiNetwork {
   }
   void Enqueue(std::uint32_t, std::int64_t) override { ADD_FAILURE(); }
   void Refresh(std::uint32_t) override { ADD_FAILURE(); }
+  void SaveWord(std::uint64_t&) override { ADD_FAILURE(); }
   KivOmbiObject& Scratch(const KivOmbiObjectDescriptor&, unsigned) override { return domain_; }
 
   int announcements = 0;

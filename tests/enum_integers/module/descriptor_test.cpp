@@ -107,6 +107,7 @@ class SilentNetwork : public KivOmbiNetwork {
   void WillChange(std::uint32_t) override { ADD_FAILURE() << "announced"; }
   void Enqueue(std::uint32_t, std::int64_t) override {}
   void Refresh(std::uint32_t) override {}
+  void SaveWord(std::uint64_t&) override {}
   KivOmbiObject& Scratch(const KivOmbiObjectDescriptor&, unsigned) override { return scratch_; }
 
  private:

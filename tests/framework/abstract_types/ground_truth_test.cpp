@@ -57,6 +57,17 @@ TEST(GroundTruth, ARemainderHasTheSignOfTheDividendAndNoZeroModulus) {
   EXPECT_FALSE(IsRemainder(7, 0, 7));
 }
 
+TEST(GroundTruth, AQuotientIsTruncatedTowardZeroAndNeedsADivisor) {
+  EXPECT_TRUE(IsTruncatedQuotient(7, 2, 3));
+  EXPECT_TRUE(IsTruncatedQuotient(-7, 2, -3));
+  EXPECT_TRUE(IsTruncatedQuotient(7, -2, -3));
+  EXPECT_TRUE(IsTruncatedQuotient(-7, -2, 3));
+  EXPECT_TRUE(IsTruncatedQuotient(1, kMost, 0));
+  EXPECT_TRUE(IsTruncatedQuotient(-kMost, -1, kMost));
+  EXPECT_FALSE(IsTruncatedQuotient(-7, 2, -4));
+  EXPECT_FALSE(IsTruncatedQuotient(0, 0, 0));
+}
+
 TEST(GroundTruth, ASignIsMinusOneZeroOrOne) {
   EXPECT_TRUE(IsSign(-9, -1));
   EXPECT_TRUE(IsSign(0, 0));

@@ -42,6 +42,8 @@ void Listener::WillChange(std::uint32_t variable) {
 
 void Listener::Refresh(std::uint32_t) { ADD_FAILURE() << "a domain does not know its summary"; }
 
+void Listener::SaveWord(std::uint64_t&) { ADD_FAILURE() << "a domain has no words of its own"; }
+
 KivOmbiObject& Listener::Scratch(const KivOmbiObjectDescriptor&, unsigned) {
   throw std::logic_error("a domain computes with itself alone");
 }

@@ -47,6 +47,7 @@ class Listener final : public KivOmbiNetwork {
   void Enqueue(std::uint32_t constraint, std::int64_t events) override;
   void WillChange(std::uint32_t variable) override;
   void Refresh(std::uint32_t variable) override;
+  void SaveWord(std::uint64_t& word) override;
   KivOmbiObject& Scratch(const KivOmbiObjectDescriptor& kind, unsigned index) override;
 
  private:

@@ -240,7 +240,6 @@ TEST(PowerBases, StateOfTheOthersDecides) {
   Interval bases = Between(1, 9);
   EXPECT_EQ(Interval().CalcFirstInversePowerValue(bases, Single(2)), 0);
   EXPECT_EQ(Between(4, 4).CalcFirstInversePowerValue(bases, Single()), 0);
-  EXPECT_EQ(Between(4, 4).CalcFirstInversePowerValue(bases, Between(1, 2)), 0);
   EXPECT_EQ(Text(bases), "[1, 9]");
   EXPECT_EQ(Between(4, 4).CalcFirstInversePowerValue(bases, NilSingle()), 1);
   EXPECT_EQ(Text(bases), "Nil");
@@ -248,6 +247,22 @@ TEST(PowerBases, StateOfTheOthersDecides) {
   bases = Interval();
   EXPECT_EQ(NilInterval().CalcFirstInversePowerValue(bases, Single(2)), 1);
   EXPECT_EQ(Text(bases), "Nil");
+}
+
+TEST(PowerBases, OfSeveralExponentsAreTheHullOfAllRoots) {
+  Interval bases = Between(1, 9);
+  EXPECT_EQ(Between(4, 4).CalcFirstInversePowerValue(bases, Between(1, 2)), 1);
+  EXPECT_EQ(Text(bases), "[2, 4]");
+  bases = Interval();
+  EXPECT_EQ(Between(-27, -8).CalcFirstInversePowerValue(bases, Between(2, kMax - 1)), 1);
+  EXPECT_EQ(Text(bases), "[-3, -2]");
+  bases = Between(-9, -3);
+  EXPECT_EQ(Between(-2, 2).CalcFirstInversePowerValue(bases, Between(-8, -1)), 1);
+  EXPECT_EQ(Text(bases), "Nil");
+  // An infinite exponent has unknown powers of negative bases.
+  bases = Between(-9, 9);
+  EXPECT_EQ(Between(3, 4).CalcFirstInversePowerValue(bases, Between(2, kMax)), 1);
+  EXPECT_EQ(Text(bases), "[-9, 2]");
 }
 
 TEST(PowerBases, OfASingleAreTested) {

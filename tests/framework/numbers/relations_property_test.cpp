@@ -4,59 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <optional>
-#include <random>
 
-#include "tests/framework/numbers/domain.h"
-#include "tests/support/seed.h"
+#include "tests/framework/numbers/samples.h"
 
 namespace kiv::test {
 namespace {
 
-using Values = std::vector<std::int32_t>;
-
-constexpr const char* kKinds[] = {"int", "interval int", "enum int"};
-// The values of domains lie between the ends of the first; an Any is taken to hold those of the
-// second.
-constexpr int kDomainEnd = 6;
+// An Any is taken to hold the values between the ends.
 constexpr int kAnyEnd = 60;
-
-// A domain to be, as kind and values; no values at all in `values` is Nil, none known is Any.
-struct Sample {
-  const char* kind;
-  std::optional<Values> values;
-
-  DomainPointer Make() const { return values ? MakeInteger(kind, *values) : MakeAny(kind); }
-  std::string Print() const { return std::string(kind) + " " + Text(*Make()); }
-};
-
-Sample RandomSample(std::mt19937_64& random, std::initializer_list<const char*> kinds) {
-  const auto pick = [&](int lower, int upper) {
-    return std::uniform_int_distribution<int>(lower, upper)(random);
-  };
-  const char* kind = kinds.begin()[pick(0, static_cast<int>(kinds.size()) - 1)];
-  const int state = pick(0, 19);
-  if (state == 0) return {kind, Values{}};
-  if (state <= 2) return {kind, std::nullopt};
-  Values values{pick(-kDomainEnd, kDomainEnd)};
-  if (kind != kKinds[0]) {
-    for (int more = pick(0, 4); more > 0; --more) values.push_back(pick(-kDomainEnd, kDomainEnd));
-  }
-  std::ranges::sort(values);
-  values.erase(std::ranges::unique(values).begin(), values.end());
-  return {kind, values};
-}
-
-// The values of a domain between -end and end.
-Values ValuesOf(const KivOmbiInteger& domain, int end) {
-  Values values;
-  for (int value = -end; value <= end; ++value) {
-    if (domain.MayBe(value)) values.push_back(value);
-  }
-  return values;
-}
-
-bool IsAny(const DomainPointer& domain) { return domain->IsUndefined() != 0; }
 
 // What a target has to become: a set out of which it keeps what its kind can tell apart.
 struct Expected {
@@ -100,19 +55,6 @@ std::string Narrowed(const Sample& target, const Expected& expected) {
     if (is_supported(value)) all.push_back(value);
   }
   return Text(*MakeInteger(target.kind, all));
-}
-
-// Runs `narrow(target)` on `sample` and compares; a second run must change nothing.
-template <class Narrow>
-void Check(const char* name, const Sample& sample, const std::string& expected, Narrow&& narrow) {
-  SCOPED_TRACE(name);
-  const DomainPointer target = sample.Make();
-  const std::string before = Text(*target);
-  const std::string wanted = before == "Nil" ? "Nil" : expected;
-  EXPECT_EQ(narrow(AsInteger(target)), before != wanted);
-  EXPECT_EQ(Text(*target), wanted);
-  EXPECT_EQ(narrow(AsInteger(target)), 0) << "a second time";
-  EXPECT_EQ(Text(*target), wanted);
 }
 
 struct Relation {
@@ -160,17 +102,6 @@ Values Supported(const Sample& target, const Sample& known, Holds&& holds) {
     }
   }
   return supported;
-}
-
-template <class Test>
-void ForRandomSeeds(std::uint64_t count, Test&& test) {
-  const std::uint64_t first = Seed(1);
-  for (std::uint64_t seed = first; seed < first + count; ++seed) {
-    SCOPED_TRACE(Replay(seed));
-    std::mt19937_64 random(seed);
-    test(random);
-    if (testing::Test::HasFailure()) return;
-  }
 }
 
 TEST(NumberRelations, NarrowTheirTargetToWhatHasAPartner) {

@@ -35,6 +35,50 @@ TEST(ConstantFolding, RemainderHasTheSignOfTheLeftOperand) {
   EXPECT_EQ(FoldBinary("mod", kLeast, -1).value, 0);
 }
 
+TEST(ConstantFolding, TruncatingDivisionGoesTowardZero) {
+  EXPECT_EQ(FoldBinary("div", 7, 2).value, 3);
+  EXPECT_EQ(FoldBinary("div", -7, 2).value, -3);
+  EXPECT_EQ(FoldBinary("div", 7, -2).value, -3);
+  EXPECT_EQ(FoldBinary("div", -7, -2).value, 3);
+  EXPECT_EQ(FoldBinary("div", 1, 2).value, 0);
+  EXPECT_EQ(FoldBinary("div", kLeast, 1).value, kLeast);
+}
+
+TEST(ConstantFolding, AnswersQuestions) {
+  const struct {
+    const char* symbol;
+    bool below, same, above;  // of 1 and 2, 2 and 2, 3 and 2
+  } answers[] = {{"==", false, true, false},
+                 {"<<", true, false, false},
+                 {"<==", true, true, false},
+                 {">>", false, false, true},
+                 {">==", false, true, true}};
+  for (const auto& [symbol, below, same, above] : answers) {
+    EXPECT_EQ(FoldQuestion(symbol, 1, 2), below) << symbol;
+    EXPECT_EQ(FoldQuestion(symbol, 2, 2), same) << symbol;
+    EXPECT_EQ(FoldQuestion(symbol, 3, 2), above) << symbol;
+  }
+  EXPECT_EQ(FoldQuestion("=", 1, 1), std::nullopt);
+}
+
+TEST(ConstantFolding, ConnectsTruthValues) {
+  const struct {
+    const char* symbol;
+    bool values[4];  // of false and false, false and true, true and false, true and true
+  } tables[] = {{"and", {false, false, false, true}},
+                {"or", {false, true, true, true}},
+                {"xor", {false, true, true, false}},
+                {"=>", {true, true, false, true}},
+                {"==", {true, false, false, true}}};
+  for (const auto& [symbol, values] : tables) {
+    for (const int line : {0, 1, 2, 3}) {
+      EXPECT_EQ(FoldConnective(symbol, line >= 2, line % 2 == 1), values[line])
+          << symbol << ' ' << line;
+    }
+  }
+  EXPECT_EQ(FoldConnective("<>", true, true), std::nullopt);
+}
+
 TEST(ConstantFolding, PowersOfSmallBasesHaveAnyExponent) {
   EXPECT_EQ(FoldBinary("^", 2, 62).value, std::int64_t{1} << 62);
   EXPECT_EQ(FoldBinary("^", -2, 63).value, kLeast);
@@ -57,7 +101,9 @@ TEST(ConstantFolding, SaysWhyThereIsNoValue) {
   EXPECT_EQ(FoldUnary("-", kLeast).error, overflow);
   EXPECT_EQ(FoldUnary("abs", kLeast).error, overflow);
   EXPECT_EQ(FoldUnary("next", kGreatest).error, overflow);
+  EXPECT_EQ(FoldBinary("div", kLeast, -1).error, overflow);
   EXPECT_EQ(FoldBinary("/", 1, 0).error, "division by zero");
+  EXPECT_EQ(FoldBinary("div", 0, 0).error, "division by zero");
   EXPECT_EQ(FoldBinary("mod", 1, 0).error, "remainder of a division by zero");
   EXPECT_EQ(FoldBinary("/", 7, 2).error, "the division 7 / 2 is not exact");
   EXPECT_EQ(FoldBinary("^", 2, -1).error, "a negative power of 2 is no integer");

@@ -36,6 +36,53 @@ TEST(Models, TruthValuesAreEquivalences) {
             (Solutions{"x = 1\nt = true\n"}));
 }
 
+TEST(Models, AStatementAssertsItsTruthValue) {
+  const std::string variables = "x, y : enum int = [1, 2]; t : bool; ";
+  EXPECT_EQ(SolutionsOf(variables + "x == 1 and y == 2; t; solve;"),
+            (Solutions{"x = 1\ny = 2\nt = true\n"}));
+  EXPECT_EQ(SolutionsOf(variables + "not (x == 1 or y == 2 or t); solve;"),
+            (Solutions{"x = 2\ny = 1\nt = false\n"}));
+  EXPECT_EQ(SolutionsOf(variables + "x == 1 => y == 2 => t; x < 2; solve;").size(), 3u);
+  EXPECT_EQ(SolutionsOf("a[2] : bool; for i in 1..2 { a[i]; } solve;"),
+            (Solutions{"a = [true, true]\n"}));
+  EXPECT_EQ(SolutionsOf("t : bool; true; t; solve;"), (Solutions{"t = true\n"}));
+  EXPECT_EQ(SolutionsOf("t : bool; false; solve;"), Solutions{});
+  EXPECT_EQ(SolutionsOf("t : bool; t; not t; solve;"), Solutions{});
+}
+
+TEST(Models, ImplicationsApplyFromTheRight) {
+  // From the left, false => a => false would not hold, whatever a.
+  EXPECT_EQ(SolutionsOf("a, b : bool; b => a => b; not b; solve;"),
+            (Solutions{"a = false\nb = false\n", "a = true\nb = false\n"}));
+}
+
+TEST(Models, BooleansAreComparedAndAssertedLikeIntegers) {
+  EXPECT_EQ(SolutionsOf("a, b, t : bool; t = a == b; a <> b; solve;"),
+            (Solutions{"a = false\nb = true\nt = false\n", "a = true\nb = false\nt = false\n"}));
+  EXPECT_EQ(SolutionsOf("a, b : bool; a = b = true; solve;"), (Solutions{"a = true\nb = true\n"}));
+}
+
+// How many constraints a model has.
+std::size_t CountConstraints(const std::string& text) {
+  const SourceText source("m.kiv", text);
+  Diagnostics diagnostics(source);
+  const auto model = ReadModel(source, StandardVocabulary(), {}, diagnostics);
+  return model != nullptr ? model->GetNetwork().CountConstraints() : 1000;
+}
+
+TEST(Models, ConstantTruthsAreComputedAtOnce) {
+  for (const char* same : {"t and true", "false or t", "t xor false", "true => t", "t == true",
+                           "not t => 1 == 2", "t and 1 << 2", "true == t"}) {
+    const std::string model = std::string("t : bool; (") + same + ") = true; solve;";
+    EXPECT_EQ(SolutionsOf(model), (Solutions{"t = true\n"})) << same;
+    EXPECT_LE(CountConstraints(model), 3u) << same;
+  }
+  EXPECT_EQ(CountConstraints("t : bool; (t and true) = true; solve;"), 1u);
+  EXPECT_EQ(CountConstraints("t : bool; t xor true; solve;"), 2u);
+  EXPECT_EQ(CountConstraints("t : bool; t or true; false and t => t; not false; solve;"), 0u);
+  EXPECT_EQ(CountConstraints("param n : int = 3; t : bool; n >== 2 or t; solve;"), 0u);
+}
+
 TEST(Models, KindsMix) {
   EXPECT_EQ(SolutionsOf("x : enum int = { 1, 4 }; y : interval int = [0, 10]; z : int;"
                         "x + y = 5; z = y - x; solve;"),
@@ -43,6 +90,19 @@ TEST(Models, KindsMix) {
   EXPECT_EQ(SolutionsOf("x : interval int = [0, 3]; y : enum int = { 2, 9 };"
                         "(interval int) x = y; solve;"),
             (Solutions{"x = 2\ny = 2\n"}));
+}
+
+TEST(Models, DivisionTruncatesOrIsExact) {
+  EXPECT_EQ(
+      SolutionsOf("x : enum int = { -7, 0, 7 }; y : int = 2; q : enum int = [-9, 9];"
+                  "q = x div y; solve;"),
+      (Solutions{"x = -7\ny = 2\nq = -3\n", "x = 0\ny = 2\nq = 0\n", "x = 7\ny = 2\nq = 3\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = [-7, 7]; x div 3 = -2; solve;"),
+            (Solutions{"x = -7\n", "x = -6\n"}));
+  EXPECT_EQ(SolutionsOf("x : int = 7; y : enum int = [-1, 1]; q : int; q = x div y; solve;"),
+            (Solutions{"x = 7\ny = -1\nq = -7\n", "x = 7\ny = 1\nq = 7\n"}));
+  EXPECT_EQ(SolutionsOf("x : enum int = [1, 3]; x div 0 = x; solve;"), Solutions{});
+  EXPECT_EQ(SolutionsOf("x : int = -7 div 2 - 100 div 7 div 2; solve;"), (Solutions{"x = -10\n"}));
 }
 
 TEST(Models, ProductsWithAConstantScale) {

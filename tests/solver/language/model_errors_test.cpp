@@ -35,8 +35,9 @@ TEST(SyntaxErrors, SayWhatWasExpectedAndWhatIsThere) {
             "m.kiv:1:7: error: expected an operator or ';', found 'y'");
   EXPECT_EQ(FirstLine("x : enum int [1, 3]; solve;"),
             "m.kiv:1:14: error: expected '=' and a domain, or ';', found '['");
-  EXPECT_EQ(FirstLine("x : enum int = ; solve;"),
-            "m.kiv:1:16: error: expected a domain: a value, { ... }, [ ... ] or Any, found ';'");
+  EXPECT_EQ(
+      FirstLine("x : enum int = ; solve;"),
+      "m.kiv:1:16: error: expected a domain: a value, a..b, { ... }, [ ... ] or Any, found ';'");
   EXPECT_EQ(FirstLine("x : ; solve;"),
             "m.kiv:1:5: error: expected a kind such as 'enum int', found ';'");
   EXPECT_EQ(FirstLine("x, y = 1; solve;"), "m.kiv:1:6: error: expected ':', found '='");
@@ -47,7 +48,7 @@ TEST(SyntaxErrors, SayWhatWasExpectedAndWhatIsThere) {
   EXPECT_EQ(FirstLine("x = (1 + 2; solve;"),
             "m.kiv:1:11: error: expected an operator or ')', found ';'");
   EXPECT_EQ(FirstLine("x = c[1; solve;"),
-            "m.kiv:1:8: error: expected an operator or ']', found ';'");
+            "m.kiv:1:8: error: expected an operator, ',' or ']', found ';'");
   EXPECT_EQ(FirstLine("f(1; solve;"),
             "m.kiv:1:4: error: expected an operator, ',' or ')', found ';'");
   EXPECT_EQ(FirstLine("param n = 3; solve;"), "m.kiv:1:9: error: expected ':', found '='");
@@ -55,11 +56,14 @@ TEST(SyntaxErrors, SayWhatWasExpectedAndWhatIsThere) {
             "m.kiv:1:7: error: expected a name, found 'for'");
   EXPECT_EQ(FirstLine("for i = 1..3 { } solve;"), "m.kiv:1:7: error: expected 'in', found '='");
   EXPECT_EQ(FirstLine("for i in 1, 3 { } solve;"),
-            "m.kiv:1:11: error: expected an operator or '..', found ','");
+            "m.kiv:1:13: error: expected a variable and its values such as 'i in 1..n', found '3'");
   EXPECT_EQ(FirstLine("for i in 1..3 x = 1; solve;"),
             "m.kiv:1:15: error: expected an operator, ',' or '{', found 'x'");
   EXPECT_EQ(FirstLine("for i in 1..3 { solve; }"),
-            "m.kiv:1:17: error: expected a constraint, 'for' or '}', found 'solve'");
+            "m.kiv:1:17: error: expected a constraint, 'for', 'if' or '}', found 'solve'");
+  EXPECT_EQ(FirstLine("a or not; solve;"), "m.kiv:1:9: error: expected an operand, found ';'");
+  EXPECT_EQ(FirstLine("-not a; solve;"), "m.kiv:1:2: error: expected an operand, found 'not'");
+  EXPECT_EQ(FirstLine("xor : bool; solve;"), "m.kiv:1:1: error: expected a statement, found 'xor'");
   EXPECT_EQ(FirstLine("12ab = x; solve;"),
             "m.kiv:1:3: error: expected an operator after the number, found 'ab'");
   EXPECT_EQ(FirstLine("} solve;"), "m.kiv:1:1: error: expected a statement, found '}'");
@@ -73,16 +77,18 @@ TEST(SyntaxErrors, AreMarkedWhereSomethingIsMissing) {
             "  x = 1  # one\n"
             "       ^\n");
   EXPECT_EQ(FirstLine("x = 1;\nsolve"),
-            "m.kiv:2:6: error: expected ';', found the end of the model");
+            "m.kiv:2:6: error: expected ';' or 'all', found the end of the model");
   EXPECT_EQ(FirstLine("x = \n\n"),
             "m.kiv:1:4: error: expected an operand, found the end of the model");
 }
 
 TEST(SyntaxErrors, AModelEndsWithSolve) {
   EXPECT_EQ(ErrorsOf(""), "m.kiv: error: the model is empty; it must end with 'solve;'\n");
-  EXPECT_EQ(FirstLine("x = 1;\n\n"), "m.kiv:1:7: error: the model must end with 'solve;'");
+  EXPECT_EQ(FirstLine("x = 1;\n\n"),
+            "m.kiv:1:7: error: the model must end with 'solve;', 'solve all;', 'minimize ...;' or "
+            "'maximize ...;'");
   EXPECT_EQ(FirstLine("solve; x = 1; solve;"),
-            "m.kiv:1:1: error: 'solve;' must be the last statement");
+            "m.kiv:1:1: error: a model has one goal, and nothing but 'show' stands behind it");
 }
 
 TEST(SyntaxErrors, DeclarationsNameVariablesOutsideOfLoops) {
@@ -93,8 +99,8 @@ TEST(SyntaxErrors, DeclarationsNameVariablesOutsideOfLoops) {
                 "m.kiv:1:44: " + refusal);
   EXPECT_EQ(FirstLine("x, 2 : enum int; solve;"), "m.kiv:1:4: error: expected a name, found '2'");
   EXPECT_EQ(FirstLine("for i in 1..3 { x : enum int; } solve;"),
-            "m.kiv:1:17: error: variables are declared outside of loops; an array holds one for "
-            "each value of the loop's variable");
+            "m.kiv:1:17: error: variables are declared outside of loops and conditions; an "
+            "array holds one for each value of a loop's variable");
   EXPECT_EQ(FirstLine("x == y << z; solve;"),
             "m.kiv:1:8: error: relations with a truth value do not chain; write parentheses");
   EXPECT_EQ(FirstLine("x = 9223372036854775808; solve;"),
@@ -188,18 +194,21 @@ TEST(DomainErrors, RefuseInfinities) {
 
 TEST(ConstantErrors, NameTheOperatorOrTheNumber) {
   EXPECT_EQ(
-      LinesWithVariables("x = 10 / 4; x = 1 mod 0; x = 2^63; x = y + 2147483647; x = y * 2^40;"),
+      LinesWithVariables(
+          "x = 10 / 4; x = 1 div 0; x = 1 mod 0; x = 2^63; x = y + 2147483647; x = y * 2^40;"),
       "m.kiv:2:8: error: the division 10 / 4 is not exact\n"
-      "m.kiv:2:19: error: remainder of a division by zero\n"
-      "m.kiv:2:31: error: the constant does not fit 64 bits\n"
-      "m.kiv:2:44: error: the constant 2147483647 is outside -2147483646..2147483646\n"
-      "m.kiv:2:64: error: the constant 1099511627776 is outside -2147483646..2147483646\n");
+      "m.kiv:2:19: error: division by zero\n"
+      "m.kiv:2:32: error: remainder of a division by zero\n"
+      "m.kiv:2:44: error: the constant does not fit 64 bits\n"
+      "m.kiv:2:57: error: the constant 2147483647 is outside -2147483646..2147483646\n"
+      "m.kiv:2:77: error: the constant 1099511627776 is outside -2147483646..2147483646\n");
   EXPECT_EQ(Lines("param n : int = 2147483647; param m : bool = 1; param k : int = n*x; solve;"),
-            "m.kiv:1:17: error: the value 2147483647 is outside -2147483646..2147483646\n"
-            "m.kiv:1:39: error: a parameter is an 'int'\n"
+            "m.kiv:1:17: error: the value of 'n' is 2147483647; expected an integer of "
+            "-2147483646..2147483646\n"
+            "m.kiv:1:46: error: the value of 'm' is 1; expected true or false\n"
             "m.kiv:1:67: error: unknown name 'x'\n");
   EXPECT_EQ(LinesWithVariables("for i in 1..x { y = i; } d[y] : int;"),
-            "m.kiv:2:13: error: the last value of a loop must be made of numbers, parameters and "
+            "m.kiv:2:13: error: the end of a range must be made of numbers, parameters and "
             "loop variables\n"
             "m.kiv:2:28: error: the size of an array must be made of numbers, parameters and loop "
             "variables\n");
@@ -223,21 +232,52 @@ TEST(OperatorErrors, ListTheRowsThatExist) {
 
 TEST(StatementErrors, AStatementMustAssertSomething) {
   EXPECT_EQ(
-      LinesWithVariables("x == y; x << y; x + y; t; x; 3; (x < y) + 1;"),
+      LinesWithVariables("x == y; x << y; x + y; (t == t); x; 3; (x < y) + 1;"),
       "m.kiv:2:3: error: this asserts nothing: '==' only has a truth value; did you mean "
       "'='?\n"
       "m.kiv:2:11: error: this asserts nothing: '<<' only has a truth value; did you mean "
       "'<'?\n"
-      "m.kiv:2:17: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n"
-      "m.kiv:2:24: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n"
-      "m.kiv:2:27: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n"
-      "m.kiv:2:30: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n"
-      "m.kiv:2:33: error: this asserts nothing; a constraint is a relation such as 'x = y' or "
-      "'all_different(...)'\n");
+      "m.kiv:2:17: error: this asserts nothing; a constraint is a relation such as 'x = y', a "
+      "truth "
+      "value such as 't or x == y', or 'all_different(...)'\n"
+      "m.kiv:2:27: error: this asserts nothing: '==' only has a truth value; did you mean '='?\n"
+      "m.kiv:2:34: error: this asserts nothing; a constraint is a relation such as 'x = y', a "
+      "truth "
+      "value such as 't or x == y', or 'all_different(...)'\n"
+      "m.kiv:2:37: error: this asserts nothing; a constraint is a relation such as 'x = y', a "
+      "truth "
+      "value such as 't or x == y', or 'all_different(...)'\n"
+      "m.kiv:2:40: error: this asserts nothing; a constraint is a relation such as 'x = y', a "
+      "truth "
+      "value such as 't or x == y', or 'all_different(...)'\n");
+}
+
+TEST(StatementErrors, ConnectivesNeedTruthValues) {
+  EXPECT_EQ(LinesWithVariables("(x = 1) or t; t and (x <= y <> 1); not (x >= 1); t => (t = t);"),
+            "m.kiv:2:4: error: '=' asserts, but 'or' needs a truth value; did you mean '=='?\n"
+            "m.kiv:2:29: error: '<>' asserts, but 'and' needs a truth value; did you mean 'not ... "
+            "== ...'?\n"
+            "m.kiv:2:43: error: '>=' asserts, but 'not' needs a truth value; did you mean '>=='?\n"
+            "m.kiv:2:58: error: '=' asserts, but '=>' needs a truth value; did you mean '=='?\n");
+  EXPECT_EQ(ErrorsOf("x, y : enum int = [1, 3];\nx = 1 or y = 2;\nsolve;\n"),
+            "m.kiv:2:7: error: operator 'or' is not known for int, enum int\n"
+            "  x = 1 or y = 2;\n"
+            "        ^~\n"
+            "  'or' is known for:\n"
+            "  bool, bool -> bool\n"
+            "  'x == 1' has a truth value; 'x = 1' asserts and binds looser\n");
+  EXPECT_EQ(ErrorsOf("x : enum int = [1, 3];\nx => 2;\nsolve;\n"),
+            "m.kiv:2:3: error: operator '=>' is not known for enum int, int\n"
+            "  x => 2;\n"
+            "    ^~\n"
+            "  '=>' is known for:\n"
+            "  bool, bool -> bool\n"
+            "  'x == 1' has a truth value; 'x = 1' asserts and binds looser\n"
+            "  greater or equal is written '>='\n");
+  // A constant truth value does not hide that the other operand is none.
+  EXPECT_EQ(LinesWithVariables("true or x; not 1;"),
+            "m.kiv:2:6: error: operator 'or' is not known for bool, enum int\n"
+            "m.kiv:2:12: error: operator 'not' is not known for int\n");
 }
 
 TEST(StatementErrors, AllDifferentIsAStatementOverIntegers) {

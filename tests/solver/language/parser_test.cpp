@@ -21,14 +21,50 @@ std::string Structure(const Expression& expression) {
     return truth->value ? "true" : "false";
   }
   if (const auto* reference = std::get_if<Reference>(&expression.form)) {
-    if (reference->index == nullptr) return reference->name;
-    return reference->name + '[' + Structure(*reference->index) + ']';
+    std::string indices;
+    for (const ExpressionPointer& index : reference->indices) {
+      indices += (indices.empty() ? "" : ",") + (index != nullptr ? Structure(*index) : "*");
+    }
+    return reference->name + (indices.empty() ? "" : '[' + indices + ']');
   }
   if (const auto* unary = std::get_if<UnaryApplication>(&expression.form)) {
     return '(' + unary->symbol.text + ' ' + Structure(*unary->operand) + ')';
   }
   if (const auto* call = std::get_if<Call>(&expression.form)) {
     return call->name.text + '(' + list(call->arguments) + ')';
+  }
+  const auto generators = [](const std::vector<Generator>& all) {
+    std::string text;
+    for (const Generator& each : all) {
+      text += (text.empty() ? "" : ",") + each.name.text + " in " + Structure(*each.values);
+      if (each.condition != nullptr) text += " where " + Structure(*each.condition);
+    }
+    return text;
+  };
+  if (const auto* range = std::get_if<RangeLiteral>(&expression.form)) {
+    return '(' + Structure(*range->first) + ".." + Structure(*range->last) + ')';
+  }
+  if (const auto* set = std::get_if<SetLiteral>(&expression.form)) {
+    return '{' + list(set->elements) + '}';
+  }
+  if (const auto* literal = std::get_if<ListLiteral>(&expression.form)) {
+    return '[' + list(literal->elements) + ']';
+  }
+  if (const auto* comprehension = std::get_if<Comprehension>(&expression.form)) {
+    const std::string inner =
+        Structure(*comprehension->element) + " | " + generators(comprehension->generators);
+    return comprehension->is_set ? '{' + inner + '}' : '[' + inner + ']';
+  }
+  if (const auto* aggregate = std::get_if<Aggregate>(&expression.form)) {
+    return aggregate->name.text + '(' + generators(aggregate->generators) + ")(" +
+           Structure(*aggregate->body) + ')';
+  }
+  if (const auto* test = std::get_if<MembershipTest>(&expression.form)) {
+    return '(' + Structure(*test->element) + " in " + Structure(*test->set) + ')';
+  }
+  if (const auto* conditional = std::get_if<ConditionalExpression>(&expression.form)) {
+    return "(if " + Structure(*conditional->condition) + " then " + Structure(*conditional->first) +
+           " else " + Structure(*conditional->second) + ')';
   }
   const auto& chain = std::get<Chain>(expression.form);
   std::string text = '(' + Structure(chain.operands[0]);
@@ -65,9 +101,31 @@ TEST(Parser, AppliesTighterOperatorsFirst) {
   EXPECT_EQ(Read("a * b + c * d - e * f = 0"), "(((a * b) + (c * d) - (e * f)) = 0)");
 }
 
+TEST(Parser, PutsConnectivesBetweenAssertionsAndQuestions) {
+  EXPECT_EQ(Read("a => b or c xor d and e"), "(a => (b or (c xor (d and e))))");
+  EXPECT_EQ(Read("a and b xor c or d => e"), "((((a and b) xor c) or d) => e)");
+  EXPECT_EQ(Read("t = a and b"), "(t = (a and b))");
+  EXPECT_EQ(Read("t = a => b = c"), "(t = (a => b) = c)");
+  EXPECT_EQ(Read("x == y and 1 << z"), "((x == y) and (1 << z))");
+  EXPECT_EQ(Read("a and b and c or d or e"), "((a and b and c) or d or e)");
+  EXPECT_EQ(Read("a => b => c"), "(a => b => c)");
+  EXPECT_EQ(Read("(a) and (b) or (c) xor (d) div e"), "((a and b) or (c xor (d div e)))");
+}
+
+TEST(Parser, NegatesQuestionsButNotConnectives) {
+  EXPECT_EQ(Read("not a and b"), "((not a) and b)");
+  EXPECT_EQ(Read("not x + 1 == y or b"), "((not ((x + 1) == y)) or b)");
+  EXPECT_EQ(Read("a xor not not b => c"), "((a xor (not (not b))) => c)");
+  EXPECT_EQ(Read("t = not x << y"), "(t = (not (x << y)))");
+  EXPECT_EQ(Read("not a <= b"), "((not a) <= b)");
+  EXPECT_EQ(Read("a == not b == c"), "(a == (not (b == c)))");
+  EXPECT_EQ(Read("not (a and b)"), "(not (a and b))");
+  EXPECT_EQ(Read("not not_a"), "(not not_a)");
+}
+
 TEST(Parser, AppliesOperatorsOfOneLevelFromTheLeft) {
   EXPECT_EQ(Read("a - b + c - d"), "(a - b + c - d)");
-  EXPECT_EQ(Read("a * b / c mod d"), "(a * b / c mod d)");
+  EXPECT_EQ(Read("a * b / c mod d div e"), "(a * b / c mod d div e)");
   EXPECT_EQ(Read("a - (b + c) - d"), "(a - (b + c) - d)");
   EXPECT_EQ(Read("0 <= x < y <> z"), "(0 <= x < y <> z)");
 }
@@ -102,6 +160,7 @@ TEST(Parser, ReadsConversions) {
   // One word in parentheses is a name wherever an expression can go on.
   EXPECT_EQ(Read("(x) - y"), "(x - y)");
   EXPECT_EQ(Read("(x) mod y"), "(x mod y)");
+  EXPECT_EQ(Read("(x) or y"), "(x or y)");
   EXPECT_EQ(Read("(x)"), "x");
 }
 
@@ -113,7 +172,10 @@ TEST(Parser, TellsLongOperatorsFromShortOnes) {
   EXPECT_EQ(Read("a<<b"), "(a << b)");
   EXPECT_EQ(Read("a/\\b"), "(a /\\ b)");
   EXPECT_EQ(Read("a/b"), "(a / b)");
+  EXPECT_EQ(Read("a=>b"), "(a => b)");
+  EXPECT_EQ(Read("a>=b"), "(a >= b)");
   EXPECT_EQ(Read("modulus mod model"), "(modulus mod model)");
+  EXPECT_EQ(Read("order or android and notes"), "(order or (android and notes))");
   EXPECT_EQ(Read("true1 = true"), "(true1 = true)");
 }
 
@@ -130,31 +192,31 @@ TEST(Parser, ReadsStatements) {
   ASSERT_EQ(tree->statements.size(), 6u);
 
   const auto& parameter = std::get<Parameter>(tree->statements[0].form);
-  EXPECT_EQ(parameter.name.text, "n");
+  EXPECT_EQ(parameter.declarator.name.text, "n");
+  EXPECT_TRUE(parameter.declarator.dimensions.empty());
   EXPECT_EQ(parameter.kind.text, "int");
-  EXPECT_EQ(Structure(parameter.value), "(2 * 4)");
+  EXPECT_EQ(Structure(*parameter.value), "(2 * 4)");
 
   const auto& set = std::get<Declaration>(tree->statements[1].form);
   ASSERT_EQ(set.declarators.size(), 2u);
   EXPECT_EQ(set.declarators[0].name.text, "x");
-  EXPECT_EQ(set.declarators[0].size, nullptr);
+  EXPECT_TRUE(set.declarators[0].dimensions.empty());
   EXPECT_EQ(set.declarators[1].name.text, "c");
-  EXPECT_EQ(Structure(*set.declarators[1].size), "(n + 1)");
+  EXPECT_EQ(Structure(*set.declarators[1].dimensions.at(0)), "(n + 1)");
   EXPECT_EQ(set.kind.text, "enum int");
-  EXPECT_EQ(set.domain.form, Domain::Form::kValues);
-  EXPECT_EQ(set.domain.elements.size(), 2u);
-  EXPECT_EQ(source.Quote(set.domain.range), "{ 1, 2 }");
+  EXPECT_EQ(Structure(*set.domain), "{1,2}");
+  EXPECT_EQ(source.Quote(set.domain->range), "{ 1, 2 }");
 
-  EXPECT_EQ(std::get<Declaration>(tree->statements[2].form).domain.form, Domain::Form::kInterval);
-  EXPECT_EQ(std::get<Declaration>(tree->statements[3].form).domain.form, Domain::Form::kAny);
+  EXPECT_EQ(Structure(*std::get<Declaration>(tree->statements[2].form).domain), "(0..9)");
+  EXPECT_EQ(std::get<Declaration>(tree->statements[3].form).domain, nullptr);
 
   const auto& loop = std::get<Loop>(tree->statements[4].form);
-  ASSERT_EQ(loop.ranges.size(), 2u);
-  EXPECT_EQ(loop.ranges[1].name.text, "j");
-  EXPECT_EQ(Structure(loop.ranges[1].first), "(i + 1)");
+  ASSERT_EQ(loop.generators.size(), 2u);
+  EXPECT_EQ(loop.generators[1].name.text, "j");
+  EXPECT_EQ(Structure(*loop.generators[1].values), "((i + 1)..n)");
   ASSERT_EQ(loop.body.size(), 2u);
   EXPECT_TRUE(std::holds_alternative<Loop>(loop.body[1].form));
-  EXPECT_TRUE(std::holds_alternative<Solve>(tree->statements[5].form));
+  EXPECT_TRUE(std::holds_alternative<Goal>(tree->statements[5].form));
   EXPECT_EQ(source.Quote(tree->statements[5].range), "solve;");
 }
 
@@ -192,10 +254,12 @@ TEST(Parser, NestsToTheDepthThatIsPromised) {
   EXPECT_EQ(Read(Repeat("(", most) + 'x' + Repeat(")", most)), "x");
   EXPECT_EQ(Read(Repeat("f(", most) + 'x' + Repeat(")", most)),
             Repeat("f(", most) + 'x' + Repeat(")", most));
+  EXPECT_EQ(Read(Repeat("not ", most) + 'x'), Repeat("(not ", most) + 'x' + Repeat(")", most));
 }
 
 TEST(Parser, RefusesToNestDeeper) {
-  for (const std::string open : {"(", "f(", "c[", "-", "abs ", "2^", "(int) ", "for i in 1..2 {"}) {
+  for (const std::string open :
+       {"(", "f(", "c[", "-", "abs ", "not ", "a == not ", "2^", "(int) ", "for i in 1..2 {"}) {
     const SourceText source("m.kiv", Repeat(open, 100000));
     Diagnostics diagnostics(source);
     EXPECT_FALSE(ParseModel(source, diagnostics));

@@ -29,6 +29,21 @@ struct Assertion {
   std::string text;
   std::function<bool(const Values&)> holds;
 };
+// A part with a truth value; its level is that of its outermost operator.
+struct Formula {
+  enum Level {
+    kImplication,
+    kDisjunction,
+    kExclusiveOr,
+    kConjunction,
+    kNegation,
+    kQuestion,
+    kAtom
+  };
+  std::string text;
+  int level;
+  std::function<bool(const Values&)> holds;
+};
 
 // A random model over a few variables, small enough to try all their values.
 class RandomModel {
@@ -41,6 +56,7 @@ class RandomModel {
     const int constraints = Roll(1, 3);
     for (int i = 0; i < constraints; ++i) Add(MakeAssertion());
     Add(MakeEquivalence());
+    if (Roll(0, 1) == 0) Add(MakeTruth());
     text_ += "solve;\n";
   }
 
@@ -85,12 +101,13 @@ class RandomModel {
     return {names_[index], 2, [index](const Values& values) { return values[index]; }};
   }
 
-  static std::string Wrap(const Term& term, int level) {
-    return term.level < level ? '(' + term.text + ')' : term.text;
+  template <class Part>
+  static std::string Wrap(const Part& part, int level) {
+    return part.level < level ? '(' + part.text + ')' : part.text;
   }
 
   Term MakeTerm(int depth) {
-    switch (depth == 0 ? 0 : Roll(0, 4)) {
+    switch (depth == 0 ? 0 : Roll(0, 5)) {
       case 0:
         return MakeVariable();
       case 1: {
@@ -108,6 +125,12 @@ class RandomModel {
         return {Wrap(factor, 1) + " * " + number, 1, value};
       }
       case 3: {
+        const Term dividend = MakeTerm(depth - 1);
+        const std::int64_t divisor = Roll(1, 3);
+        return {Wrap(dividend, 1) + " div " + std::to_string(divisor), 1,
+                [dividend, divisor](const Values& v) { return dividend.value(v) / divisor; }};
+      }
+      case 4: {
         const Term left = MakeTerm(depth - 1), right = MakeTerm(depth - 1);
         return {Wrap(left, 0) + " + " + Wrap(right, 1), 0,
                 [left, right](const Values& v) { return left.value(v) + right.value(v); }};
@@ -164,11 +187,71 @@ class RandomModel {
   }
 
   Assertion MakeEquivalence() {
+    const Formula formula = MakeFormula(2);
+    return {"t = " + formula.text,
+            [formula](const Values& v) { return (v[3] != 0) == formula.holds(v); }};
+  }
+
+  // A question asserts nothing when it stands alone.
+  Assertion MakeTruth() {
+    const Formula formula = MakeFormula(2);
+    const bool asks = formula.level == Formula::kQuestion;
+    return {asks ? formula.text + " = true" : formula.text, formula.holds};
+  }
+
+  Formula MakeFormula(int depth) {
+    switch (depth == 0 ? Roll(0, 2) : Roll(0, 7)) {
+      case 0:
+        return {"t", Formula::kAtom, [](const Values& v) { return v[3] != 0; }};
+      case 1: {
+        const bool value = Roll(0, 3) != 0;
+        return {value ? "true" : "false", Formula::kAtom, [value](const Values&) { return value; }};
+      }
+      case 2:
+        return MakeQuestion();
+      case 3: {
+        const Formula operand = MakeFormula(depth - 1);
+        return {"not " + Wrap(operand, Formula::kNegation), Formula::kNegation,
+                [operand](const Values& v) { return !operand.holds(v); }};
+      }
+      default:
+        return MakeConnection(depth);
+    }
+  }
+
+  Formula MakeQuestion() {
     const Relation& relation = kRelations[Roll(0, 4)];
     const Term left = MakeTerm(1), right = MakeTerm(1);
-    return {"t = " + left.text + ' ' + relation.question + ' ' + right.text,
+    return {left.text + ' ' + relation.question + ' ' + right.text, Formula::kQuestion,
             [&relation, left, right](const Values& v) {
-              return (v[3] != 0) == relation.holds(left.value(v), right.value(v));
+              return relation.holds(left.value(v), right.value(v));
+            }};
+  }
+
+  struct Connective {
+    const char* symbol;
+    Formula::Level level;
+    bool (*holds)(bool, bool);
+  };
+  static constexpr Connective kConnectives[] = {
+      {"=>", Formula::kImplication, [](bool l, bool r) { return !l || r; }},
+      {"or", Formula::kDisjunction, [](bool l, bool r) { return l || r; }},
+      {"xor", Formula::kExclusiveOr, [](bool l, bool r) { return l != r; }},
+      {"and", Formula::kConjunction, [](bool l, bool r) { return l && r; }},
+      {"==", Formula::kQuestion, [](bool l, bool r) { return l == r; }},
+  };
+
+  // With no more parentheses than precedence asks for.
+  Formula MakeConnection(int depth) {
+    const Connective& connective = kConnectives[Roll(0, 4)];
+    const Formula left = MakeFormula(depth - 1), right = MakeFormula(depth - 1);
+    const int level = connective.level;
+    const bool left_binds = level != Formula::kImplication && level != Formula::kQuestion;
+    const bool right_binds = level == Formula::kImplication;
+    return {Wrap(left, left_binds ? level : level + 1) + ' ' + connective.symbol + ' ' +
+                Wrap(right, right_binds ? level : level + 1),
+            level, [&connective, left, right](const Values& v) {
+              return connective.holds(left.holds(v), right.holds(v));
             }};
   }
 

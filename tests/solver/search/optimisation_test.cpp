@@ -2,7 +2,7 @@
 
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/all_different.h"
-#include "solver/constraints/scaling.h"
+#include "solver/constraints/linear_posting.h"
 #include "solver/search/tree_search.h"
 #include "tests/solver/search/searched_network.h"
 
@@ -50,8 +50,8 @@ TEST_F(Optimisation, WithoutASolutionThereIsNoBest) {
 TEST_F(Optimisation, AnObjectiveThatIsUnknownAtFirstIsOptimised) {
   const auto x = Interval(-1000, 1000);
   const auto z = Enum({});
-  const VariableId arguments[] = {x, z};
-  network_.Emplace<Scaling>(arguments, -3);
+  const LinearTerm terms[] = {{-3, x}, {-1, z}};
+  PostLinear(network_, terms, LinearRelation::kEqual, 0);
   EXPECT_EQ(Run(z, Objective::Sense::kMinimize).best, -3000);
   EXPECT_EQ(Run(z, Objective::Sense::kMaximize).best, 3000);
   EXPECT_EQ(Run(z, Objective::Sense::kMaximize, {RestartPolicy::Kind::kConstant, 1, 1}).best, 3000);

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "solver/constraints/all_different.h"
-#include "solver/constraints/scaling.h"
+#include "solver/constraints/linear_posting.h"
 #include "tests/support/modules.h"
 #include "tests/support/operator_meaning.h"
 
@@ -94,8 +94,8 @@ class Generator {
       model_.domains.push_back(products);
     }
     model_.posts.push_back([=](KivOmbNetwork& network) {
-      const VariableId arguments[] = {x, z};
-      network.Emplace<Scaling>(arguments, coefficient);
+      const LinearTerm terms[] = {{coefficient, x}, {-1, z}};
+      PostLinear(network, terms, LinearRelation::kEqual, 0);
     });
     model_.meanings.push_back(
         [=](const Assignment& values) { return values[z] == coefficient * values[x]; });

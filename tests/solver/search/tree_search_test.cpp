@@ -1,3 +1,5 @@
+#include "solver/search/tree_search.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -6,7 +8,7 @@
 
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/all_different.h"
-#include "solver/constraints/scaling.h"
+#include "solver/constraints/linear_posting.h"
 #include "solver/search/bisection_search.h"
 #include "tests/support/enumeration.h"
 #include "tests/support/modules.h"
@@ -100,8 +102,8 @@ TEST_F(Search, SplitsAnIntervalOverAllIntegers) {
   constexpr std::int32_t kMost = 2147483646;
   const auto x = Add("interval int", {-kMost, kMost});
   const auto z = Add("enum int", {-2 * (kMost / 2), 14, 2 * (kMost / 2)});
-  const VariableId arguments[] = {x, z};
-  network_.Emplace<Scaling>(arguments, 2);
+  const LinearTerm terms[] = {{2, x}, {-1, z}};
+  PostLinear(network_, terms, LinearRelation::kEqual, 0);
   EXPECT_EQ(Run({x}).statistics.solutions, 3u);
   EXPECT_EQ(leaves_, (std::vector<Assignment>{
                          {-(kMost / 2), -2 * (kMost / 2)}, {7, 14}, {kMost / 2, 2 * (kMost / 2)}}));
@@ -281,8 +283,8 @@ TEST_F(Search, AVariableWithoutAnUpperBoundIsUnknown) {
 TEST_F(Search, AVariableThatBecomesKnownBelowIsSplitThere) {
   const auto z = Enum({});
   const auto x = Add("interval int", {1, 2000});
-  const VariableId arguments[] = {x, z};
-  network_.Emplace<Scaling>(arguments, 3);
+  const LinearTerm terms[] = {{3, x}, {-1, z}};
+  PostLinear(network_, terms, LinearRelation::kEqual, 0);
   const SearchResult result = Run({z, x});
   EXPECT_EQ(result.statistics.solutions, 2000u);
   EXPECT_EQ(result.statistics.unknowns, 0u);
@@ -292,11 +294,11 @@ TEST_F(Search, AnOverflowNamesItsConstraint) {
   const auto x = Enum({1, 2147483});
   const auto z = Enum({});
   PostAllDifferent({x});
-  const VariableId arguments[] = {x, z};
-  const auto scaling = network_.Emplace<Scaling>(arguments, 1000000);
+  const LinearTerm terms[] = {{1000000, x}, {-1, z}};
+  const auto product = PostLinear(network_, terms, LinearRelation::kEqual, 0);
   const SearchResult result = Run({x});
   EXPECT_EQ(result.end, SearchEnd::kOverflow);
-  EXPECT_EQ(result.culprit, scaling);
+  EXPECT_EQ(result.culprit, product);
   EXPECT_EQ(result.statistics.solutions, 1u);
   EXPECT_EQ(leaves_, (std::vector<Assignment>{{1, 1000000}}));
   EXPECT_EQ(network_.GetLevel(), 0u);

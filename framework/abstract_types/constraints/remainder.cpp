@@ -1,0 +1,61 @@
+#include "framework/abstract_types/constraints/arithmetic.h"
+#include "framework/abstract_types/constraints/ground_truth.h"
+#include "framework/abstract_types/constraints/narrowing.h"
+
+namespace {
+
+enum Argument : unsigned { kX, kY, kZ, kArguments };
+
+const KivOmbiOperatorConstraintDescriptor<KivOmbiRemainderConstraint> remainder(
+    "KivOmbiRemainderConstraint", kArguments, 0, true);
+
+KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
+                           const KivOmbiObjectDescriptor& carrier) {
+  const auto hull = [&](unsigned i) { return kiv::HullOf(environment, i); };
+  // With 0 among the moduli a kind that keeps values would say nothing of the rest.
+  if (const auto result = kiv::RemoveValue(environment, kY, 0)) return result;
+  // A remainder is less than its modulus.
+  if (environment.IsSame(kY, kZ)) return kiv::Empty(environment, kY);
+  if (environment.IsSame(kX, kY)) return kiv::Assign(environment, kZ, 0);
+  if (const auto result = kiv::NarrowByOperation(
+          environment, carrier, kZ, kiv::Remainder(hull(kX), hull(kY)),
+          [](KivOmbiInteger& z, const KivOmbiInteger& x, const KivOmbiInteger& y) {
+            return z.CalcModValue(x, y);
+          },
+          kX, kY)) {
+    return result;
+  }
+  if (const auto result = kiv::NarrowByOperation(
+          environment, carrier, kX, kiv::Dividend(hull(kX), hull(kY), hull(kZ)),
+          [](KivOmbiInteger& x, const KivOmbiInteger& z, const KivOmbiInteger& y) {
+            return z.CalcFirstInverseModValue(x, y);
+          },
+          kZ, kY)) {
+    return result;
+  }
+  return kiv::NarrowByOperation(
+      environment, carrier, kY, kiv::Modulus(hull(kX), hull(kY), hull(kZ)),
+      [](KivOmbiInteger& y, const KivOmbiInteger& z, const KivOmbiInteger& x) {
+        return z.CalcSecondInverseModValue(x, y);
+      },
+      kZ, kX);
+}
+
+}  // namespace
+
+const KivOmbiObjectDescriptor* const KivOmbiRemainderConstraint::sDescriptor = &remainder;
+
+KivOmbiRemainderConstraint::KivOmbiRemainderConstraint(const KivOmbiCompoundObjectDescriptor* row)
+    : KivOmbiOperatorConstraint(sDescriptor, row) {}
+
+KivOmbiRemainderConstraint::~KivOmbiRemainderConstraint() = default;
+
+std::int64_t KivOmbiRemainderConstraint::Filter(const KivOmbiObjectEnvironment& environment,
+                                                std::int64_t) {
+  const auto result = Narrow(environment, GetCarrier());
+  return result != 0 ? result : Settle(environment);
+}
+
+bool KivOmbiRemainderConstraint::Holds(std::span<const std::int64_t> values) const {
+  return kiv::ground_truth::IsRemainder(values[kX], values[kY], values[kZ]);
+}

@@ -1,0 +1,147 @@
+// Powers of hulls. The magnitude of a power grows with the base's, and with the exponent for bases
+// of 2 or more; its sign is that of the exponent's parity for negative bases.
+
+#include <algorithm>
+#include <cstdint>
+
+#include "framework/intervals/bound_arithmetic.h"
+#include "framework/intervals/hull.h"
+
+namespace kiv {
+
+using namespace bound_arithmetic;
+
+namespace {
+
+// From here on every base but -1, 0 and 1 has a power beyond kUnbounded.
+constexpr std::int64_t kSaturatingExponent = 60;
+static_assert(std::int64_t{1} << kSaturatingExponent == kInfinite);
+
+bool IsOdd(std::int64_t value) { return value % 2 != 0; }
+
+// base ^ exponent, for a base from 0 and an exponent from 1.
+std::int64_t Magnitude(std::int64_t base, std::int64_t exponent) {
+  if (base <= 1) return base;
+  std::int64_t power = 1;
+  for (std::int64_t i = 0; i < exponent && IsFinite(power); ++i) power = Times(power, base);
+  return power;
+}
+
+// The least base from 0 whose power is `bound` or more, for a finite bound.
+std::int64_t CeilRoot(std::int64_t bound, std::int64_t exponent) {
+  std::int64_t lower = 0;
+  std::int64_t upper = std::int64_t{1} << (kSaturatingExponent / exponent + 1);
+  while (lower < upper) {
+    const std::int64_t middle = (lower + upper) / 2;
+    if (Magnitude(middle, exponent) >= bound) {
+      upper = middle;
+    } else {
+      lower = middle + 1;
+    }
+  }
+  return lower;
+}
+
+// The greatest base whose power is `bound` or less; -1 when there is none, infinite when the bound
+// is.
+std::int64_t FloorRoot(std::int64_t bound, std::int64_t exponent) {
+  return IsFinite(bound) ? CeilRoot(bound + 1, exponent) - 1 : bound;
+}
+
+// The exponents of one parity, which may be none.
+Hull OfParity(const Hull& exponents, bool odd) {
+  const auto has_parity = [odd](std::int64_t e) { return !IsFinite(e) || IsOdd(e) == odd; };
+  return {exponents.lower + !has_parity(exponents.lower),
+          exponents.upper - !has_parity(exponents.upper)};
+}
+
+// The bases in x whose power for one finite exponent lies in z.
+Hull BasesFor(const Hull& x, std::int64_t exponent, const Hull& z) {
+  if (exponent == 0) return z.Contains(1) ? x : kEmptyHull;
+  if (exponent < 0) {
+    const Hull one = z.Contains(1) ? Intersection(x, {1, 1}) : kEmptyHull;
+    const bool takes_minus_one = z.Contains(IsOdd(exponent) ? -1 : 1);
+    return takes_minus_one ? Union(one, Intersection(x, {-1, -1})) : one;
+  }
+  Hull bases = kEmptyHull;
+  for (const int x_sign : kSigns) {
+    const Hull powers = WeakSide(z, IsOdd(exponent) ? x_sign : 1);
+    if (powers.IsEmpty()) continue;
+    const Hull side{CeilRoot(powers.lower, exponent), FloorRoot(powers.upper, exponent)};
+    bases = Union(bases, Intersection(x, WithSign(side, x_sign)));
+  }
+  return bases;
+}
+
+}  // namespace
+
+Hull Power(const Hull& x, const Hull& y) {
+  const Hull bases = Operand(x);
+  const Hull exponents = Operand(y);
+  if (bases.IsEmpty() || exponents.IsEmpty()) return kEmptyHull;
+  Hull powers = exponents.Contains(0) ? Hull{1, 1} : kEmptyHull;
+  const Hull rising = StrictSide(exponents, 1);
+  const Hull inverse{exponents.lower, std::min<std::int64_t>(exponents.upper, -1)};
+
+  const Hull a = WeakSide(bases, 1);
+  if (!a.IsEmpty() && !rising.IsEmpty()) {
+    powers = Union(powers, {Magnitude(a.lower, rising.lower), Magnitude(a.upper, rising.upper)});
+  }
+  if (bases.Contains(1) && !inverse.IsEmpty()) powers = Union(powers, {1, 1});
+
+  for (const bool odd : {false, true}) {
+    const int sign = odd ? -1 : 1;
+    const Hull b = StrictSide(bases, -1);
+    const Hull e = OfParity(rising, odd);
+    if (!b.IsEmpty() && !e.IsEmpty()) {
+      const Hull side{Magnitude(b.lower, e.lower), Magnitude(b.upper, e.upper)};
+      powers = Union(powers, WithSign(side, sign));
+    }
+    if (bases.Contains(-1) && !OfParity(inverse, odd).IsEmpty()) {
+      powers = Union(powers, {sign, sign});
+    }
+  }
+  return powers;
+}
+
+// Below 0 and from the saturating exponent on the bases depend on the exponent's parity alone, so
+// that two exponents stand for all of these.
+Hull Base(const Hull& x, const Hull& y, const Hull& z) {
+  if (x.IsEmpty() || y.IsEmpty() || z.IsEmpty()) return kEmptyHull;
+  const Hull exponents = Operand(y);
+  const Hull powers = Operand(z);
+  const std::int64_t first =
+      std::max(exponents.lower, std::min<std::int64_t>(exponents.upper, -1) - 1);
+  const std::int64_t last =
+      std::min(exponents.upper, std::max(exponents.lower, kSaturatingExponent) + 1);
+  Hull bases = kEmptyHull;
+  for (std::int64_t e = first; e <= last && bases != x; ++e) {
+    bases = Union(bases, BasesFor(x, e, powers));
+  }
+  return bases;
+}
+
+// For the same reason, and since a negative exponent has positive ones of its parity beside it, the
+// ends of the hull are among the two outermost exponents on either side and 0 .. 61.
+Hull Exponent(const Hull& x, const Hull& y, const Hull& z) {
+  if (x.IsEmpty() || y.IsEmpty() || z.IsEmpty()) return kEmptyHull;
+  const Hull exponents = Operand(y);
+  const Hull powers = Operand(z);
+  const auto is_solution = [&](std::int64_t e) { return !BasesFor(x, e, powers).IsEmpty(); };
+  Hull solutions = kEmptyHull;
+  const auto add_those_of = [&](std::int64_t from, std::int64_t to) {
+    const Hull tried = Intersection(exponents, {from, to});
+    for (std::int64_t e = tried.lower; e <= tried.upper; ++e) {
+      if (is_solution(e)) solutions = Union(solutions, {e, e});
+    }
+  };
+  add_those_of(exponents.lower, exponents.lower + 1);
+  add_those_of(0, kSaturatingExponent + 1);
+  add_those_of(exponents.upper - 1, exponents.upper);
+  // Beyond every bound there are exponents of either parity.
+  if (solutions.lower <= -kInfinite + 1) solutions.lower = -kInfinite;
+  if (solutions.upper >= kInfinite - 1) solutions.upper = kInfinite;
+  return Intersection(y, solutions);
+}
+
+}  // namespace kiv

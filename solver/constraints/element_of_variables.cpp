@@ -1,0 +1,132 @@
+#include "solver/constraints/element_of_variables.h"
+
+#include <algorithm>
+
+#include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/supports.h"
+#include "solver/constraints/values.h"
+
+namespace kiv {
+
+namespace {
+
+enum Argument : unsigned { kX, kZ, kElements };
+
+const KivOmbiConstraintDescriptor descriptor("kiv::ElementOfVariables", 0, 0, true);
+
+std::int64_t Last(const KivOmbiObjectEnvironment& environment, std::int64_t first) {
+  return first + environment.Count() - kElements - 1;
+}
+
+}  // namespace
+
+ElementOfVariables::ElementOfVariables(std::int32_t first)
+    : KivOmbiConstraint(&descriptor), first_(first) {}
+
+unsigned ElementOfVariables::ElementAt(std::int64_t index) const {
+  return static_cast<unsigned>(kElements + (index - first_));
+}
+
+template <class Use>
+bool ElementOfVariables::FindElement(const KivOmbiObjectEnvironment& environment, Use&& use) const {
+  const KivOmbiDomainSummary& summary = environment.Summary(kX);
+  const std::int64_t lower = std::max<std::int64_t>(summary.lower, first_);
+  const std::int64_t upper = std::min<std::int64_t>(summary.upper, Last(environment, first_));
+  for (std::int64_t index = lower; index <= upper; ++index) {
+    if (!environment.Integer(kX).MayBe(static_cast<std::int32_t>(index))) continue;
+    if (use(ElementAt(index))) return true;
+  }
+  return false;
+}
+
+std::int64_t ElementOfVariables::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
+  if (environment.Count() == kElements) return Empty(environment, kX);
+  if (const auto result = TightenLower(environment, kX, first_)) return result;
+  if (const auto result = TightenUpper(environment, kX, Last(environment, first_))) return result;
+  if (const auto result = NarrowIndex(environment)) return result;
+  if (!environment.Summary(kX).IsFixed()) return NarrowValue(environment);
+
+  const unsigned element = ElementAt(environment.Summary(kX).lower);
+  if (const auto result = Equate(environment, element, kZ)) return result;
+  const bool fixed = environment.Summary(kZ).IsFixed() && environment.Summary(element).IsFixed();
+  return fixed || environment.IsSame(element, kZ) ? kKivEntailed : 0;
+}
+
+KivOmbiFilterResult ElementOfVariables::NarrowIndex(
+    const KivOmbiObjectEnvironment& environment) const {
+  const auto is_supported = [&](std::int64_t index) {
+    return LeastCommon(environment, ElementAt(index), kZ).has_value();
+  };
+  const KivOmbiDomainSummary summary = environment.Summary(kX);
+  if (IsListable(summary)) return KeepValues(environment, kX, is_supported);
+
+  std::int64_t lower = std::max<std::int64_t>(summary.lower, first_);
+  std::int64_t upper = std::min<std::int64_t>(summary.upper, Last(environment, first_));
+  if (summary.IsAny()) {
+    const bool possible = TakeValues(environment, kX, [&](auto&& add) {
+      for (std::int64_t index = lower; index <= upper; ++index) {
+        if (is_supported(index)) add(static_cast<std::int32_t>(index));
+      }
+    });
+    return possible ? 0 : kKivContradiction;
+  }
+  while (lower <= upper && !is_supported(lower)) ++lower;
+  while (lower <= upper && !is_supported(upper)) --upper;
+  if (lower > upper) return Empty(environment, kX);
+  if (const auto result = TightenLower(environment, kX, lower)) return result;
+  return TightenUpper(environment, kX, upper);
+}
+
+KivOmbiFilterResult ElementOfVariables::NarrowValue(
+    const KivOmbiObjectEnvironment& environment) const {
+  std::int32_t least = SubIntBase::kMax;
+  std::int32_t greatest = SubIntBase::kMin;
+  FindElement(environment, [&](unsigned element) {
+    if (const auto common = LeastCommon(environment, element, kZ)) {
+      least = std::min(least, *common);
+      greatest = std::max(greatest, *GreatestCommon(environment, element, kZ));
+    }
+    return false;
+  });
+  if (least > greatest) return Empty(environment, kZ);
+  if (const auto result = TightenLower(environment, kZ, least)) return result;
+  if (const auto result = TightenUpper(environment, kZ, greatest)) return result;
+  if (environment.Summary(kZ).IsAny()) return TakeUnion(environment);
+  if (!IsListable(environment.Summary(kZ))) return 0;
+
+  // Neighbouring values are mostly found in the same element.
+  unsigned last_found = kZ;
+  return KeepValues(environment, kZ, [&](std::int32_t value) {
+    if (last_found != kZ && environment.Integer(last_found).MayBe(value)) return true;
+    return FindElement(environment, [&](unsigned element) {
+      if (!environment.Integer(element).MayBe(value)) return false;
+      last_found = element;
+      return true;
+    });
+  });
+}
+
+KivOmbiFilterResult ElementOfVariables::TakeUnion(
+    const KivOmbiObjectEnvironment& environment) const {
+  const bool has_unlisted = FindElement(
+      environment, [&](unsigned element) { return !IsListable(environment.Summary(element)); });
+  if (has_unlisted) return 0;
+  TakeValues(environment, kZ, [&](auto&& add) {
+    FindElement(environment, [&](unsigned element) {
+      ForEachValue(environment.Integer(element), environment.Summary(element), add);
+      return false;
+    });
+  });
+  return 0;
+}
+
+KivOmbiConstraint::Cost ElementOfVariables::GetCost() const { return kQuadratic; }
+
+bool ElementOfVariables::Holds(std::span<const std::int64_t> values) const {
+  const std::int64_t position = values[kX] - first_;
+  const auto elements = static_cast<std::int64_t>(values.size()) - kElements;
+  if (position < 0 || position >= elements) return false;
+  return values[kElements + static_cast<std::size_t>(position)] == values[kZ];
+}
+
+}  // namespace kiv

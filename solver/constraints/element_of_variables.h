@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+
+#include "framework/abstract_types/constraint.h"
+
+namespace kiv {
+
+// z = a[x] over the integers (x, z, a[first], a[first + 1], ...); an x outside the array does not
+// satisfy it. An index stays while its element may equal z, a value of z while some element at an
+// index left may have it, and once the index is known its element and z are equal. Domain
+// consistent where the kinds can have holes and hold few values and no variable is repeated,
+// otherwise as far as the bounds tell.
+class KIV_EXPORT ElementOfVariables final : public KivOmbiConstraint {
+ public:
+  // The last index must be a value of a variable too.
+  explicit ElementOfVariables(std::int32_t first = 0);
+
+  // Linear in the indices left, and at worst in their number times that of the values of z.
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
+  Cost GetCost() const override;
+  bool Holds(std::span<const std::int64_t> values) const override;
+
+ private:
+  unsigned ElementAt(std::int64_t index) const;
+  // Calls `use(element)` for the arguments at the indices left until it returns true; whether it
+  // did.
+  template <class Use>
+  bool FindElement(const KivOmbiObjectEnvironment& environment, Use&& use) const;
+  KivOmbiFilterResult NarrowIndex(const KivOmbiObjectEnvironment& environment) const;
+  KivOmbiFilterResult NarrowValue(const KivOmbiObjectEnvironment& environment) const;
+  KivOmbiFilterResult TakeUnion(const KivOmbiObjectEnvironment& environment) const;
+
+  std::int64_t first_;
+};
+
+}  // namespace kiv
