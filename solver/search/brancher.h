@@ -41,11 +41,16 @@ class KIV_EXPORT Brancher {
     ValueChoice value_choice;
   };
 
+  // The decision to fix a variable to a value as far as its kind can refute it: an interval that
+  // could not lose an inner value is cut above it first, and below it by the next decision.
+  Literal Refutable(KivOmbNetwork& network, const Literal& decision);
+
   std::vector<VariableId> order_;  // the variables of all blocks; one may stand there twice
   std::vector<Block> blocks_;
   VariableWeights weights_;
   VariableActivity activity_;
   bool uses_activity_ = false;
+  std::optional<Literal> second_cut_;  // that goes with the last decision
   std::mt19937_64 random_;
 };
 

@@ -14,10 +14,10 @@ namespace kiv {
 // under way is finished; where nothing is left to search, the search is exhausted and no limit
 // counts.
 struct SearchLimits {
-  std::optional<std::chrono::nanoseconds> time;
-  std::optional<std::uint64_t> nodes;
-  std::optional<std::uint64_t> failures;
-  std::optional<std::uint64_t> solutions;
+  std::optional<std::chrono::nanoseconds> time = std::nullopt;
+  std::optional<std::uint64_t> nodes = std::nullopt;
+  std::optional<std::uint64_t> failures = std::nullopt;
+  std::optional<std::uint64_t> solutions = std::nullopt;
 };
 
 // The limits of a search that starts now.

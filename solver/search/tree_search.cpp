@@ -53,7 +53,7 @@ class SearchRun {
       brancher_.Learn(network_, outcome);
       switch (outcome) {
         case Outcome::kFixpoint:
-          if (const auto decision = Decide()) {
+          if (const auto decision = brancher_.Decide(network_, first_open_)) {
             path_.push_back({*decision, false, first_open_});
           } else {
             if (const auto end = TellLeaf()) return *end;
@@ -89,18 +89,6 @@ class SearchRun {
     }
   }
 
-  // What to branch on; none at a leaf.
-  std::optional<Literal> Decide() {
-    // Some kinds cannot lose an inner value. What is left of them lies below and above it.
-    if (!path_.empty() && path_.back().refuted) {
-      const Literal& refuted = path_.back().decision;
-      const bool is_inner =
-          refuted.relation == Literal::Relation::kEqual && !IsImpossible(network_, refuted);
-      if (is_inner) return Literal::AtMost(refuted.variable, refuted.value - 1);
-    }
-    return brancher_.Decide(network_, first_open_);
-  }
-
   std::optional<SearchEnd> TellLeaf() {
     const SearchLeaf leaf{brancher_.IsEnd(first_open_)};
     result_.culprit = network_.FindViolated();
@@ -126,10 +114,6 @@ class SearchRun {
     const Branching& branching = path_.back();
     network_.PushLevel();
     Impose(network_, branching.refuted ? Negated(branching.decision) : branching.decision);
-    // An inner value that a kind could not lose may have become a bound, which it can.
-    if (path_.size() > 1 && path_[path_.size() - 2].refuted) {
-      Impose(network_, Negated(path_[path_.size() - 2].decision));
-    }
     first_open_ = branching.first_open;
     Statistics().peak_depth = std::max(Statistics().peak_depth, path_.size());
     ++Statistics().nodes;

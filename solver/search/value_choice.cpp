@@ -50,6 +50,11 @@ Literal Choose(KivOmbNetwork& network, VariableId variable, ValueChoice choice,
   if (summary.cardinality == 2) {
     return Literal::Equal(variable, ChooseOfTwo(summary, choice, random));
   }
+  if (choice == ValueChoice::kFromBelow) {
+    constexpr std::uint32_t kMostTriedOneByOne = 64;
+    choice = summary.cardinality <= kMostTriedOneByOne ? ValueChoice::kSmallest
+                                                       : ValueChoice::kLowerHalf;
+  }
   const std::int64_t width = std::int64_t{summary.upper} - summary.lower;
   const auto nearest = [&](std::int64_t offset) {
     const auto wanted = static_cast<std::int32_t>(summary.lower + offset);
@@ -66,10 +71,11 @@ Literal Choose(KivOmbNetwork& network, VariableId variable, ValueChoice choice,
       return Literal::AtLeast(variable, HalfOf(network, variable, KivOmbiAny::kUpperHalf).lower);
     case ValueChoice::kMiddle:
       return nearest(width / 2);
-    case ValueChoice::kRandom:
+    default:
       break;
   }
-  // Not a distribution of the library's, whose values differ from one library to another.
+  // A random value. Not a distribution of the library's, whose values differ from one library to
+  // another.
   return nearest(static_cast<std::int64_t>(random() % static_cast<std::uint64_t>(width + 1)));
 }
 

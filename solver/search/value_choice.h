@@ -15,6 +15,7 @@ enum class ValueChoice {
   kUpperHalf,  // the upper half
   kMiddle,     // the value nearest to the middle between the bounds, the smaller one of two
   kRandom,     // some value
+  kFromBelow,  // the smallest value, but the lower half of more than 64 values
 };
 
 // The part to try first, as a literal that neither holds nor fails for all values of the variable,

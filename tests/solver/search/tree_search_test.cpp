@@ -1,4 +1,4 @@
-#include "solver/search/bisection_search.h"
+#include "solver/search/tree_search.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/all_different.h"
 #include "solver/constraints/linear_posting.h"
+#include "solver/search/bisection_search.h"
 #include "tests/support/enumeration.h"
 #include "tests/support/modules.h"
 
