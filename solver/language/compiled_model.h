@@ -52,7 +52,11 @@ class KIV_EXPORT CompiledModel {
   // How the model calls a declared variable of the network: "x" or "q[3]"; empty for any other.
   std::string NameOf(KivOmbNetwork::VariableId variable) const;
 
-  // The expression that a constraint comes from, with its place: "file:line:column: x < y".
+  // The expression that a constraint comes from.
+  SourceRange GetOrigin(KivOmbNetwork::ConstraintId constraint) const {
+    return origins_.at(constraint);
+  }
+  // The same in words, with its place: "file:line:column: x < y".
   std::string Describe(KivOmbNetwork::ConstraintId constraint) const;
 
   // What the network holds now: a line "name = domain" or "name = [domain, domain]" for each

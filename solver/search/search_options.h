@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -16,6 +17,7 @@ namespace kiv {
 struct SearchProgress {
   const SearchStatistics& statistics;
   std::optional<std::int32_t> best;  // value of the objective
+  std::size_t depth;                 // decisions on the path
 };
 
 // What a search does. The same options over the same network give the same run, but for the time

@@ -120,7 +120,7 @@ class SearchRun {
     if (options_.on_progress && Statistics().nodes % options_.progress_interval == 0) {
       UpdateStatistics();
       options_.on_progress(
-          {Statistics(), bound_ ? bound_->GetBest() : std::optional<std::int32_t>()});
+          {Statistics(), bound_ ? bound_->GetBest() : std::optional<std::int32_t>(), path_.size()});
     }
   }
 
