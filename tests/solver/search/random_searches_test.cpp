@@ -68,8 +68,8 @@ TEST(RandomSearches, FindEverySolutionOnceWhateverTheStrategy) {
     });
   });
   if (std::getenv("KIV_SEED") != nullptr) return;
-  EXPECT_GT(solutions, 100 * kModels / 12);
-  EXPECT_GT(restarts, 1000 * kModels / 12);
+  EXPECT_GT(solutions, 10 * kModels);
+  EXPECT_GT(restarts, 10 * kModels);
   EXPECT_GT(nogoods, restarts);
 }
 
@@ -107,7 +107,7 @@ TEST(RandomSearches, FindTheOptimumWhateverTheStrategy) {
     });
   });
   if (std::getenv("KIV_SEED") == nullptr) {
-    EXPECT_GT(improved, 1000 * kModels / 12);
+    EXPECT_GT(improved, 10 * kModels);
   }
 }
 
