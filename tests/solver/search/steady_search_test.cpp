@@ -16,6 +16,9 @@ constexpr std::uint64_t kNodes = 10000;
 class SteadySearch : public SearchedNetwork {};
 
 TEST_F(SteadySearch, AllocatesNothing) {
+#ifndef NDEBUG
+  GTEST_SKIP() << "the checks of what constraints claim allocate";
+#endif
   // More variables that all differ than values: no solution.
   std::vector<VariableId> enums;
   for (int i = 0; i < 9; ++i) enums.push_back(Enum({1, 2, 3, 5, 6, 8, 9, 12}));
