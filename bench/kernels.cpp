@@ -241,7 +241,7 @@ int main(int argc, char** argv) {
   int count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());
   if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return EXIT_FAILURE;
-  kiv::bench::RatioTable table(RegisterAll());
+  kiv::bench::RatioTable table(RegisterAll(), "module");
   benchmark::RunSpecifiedBenchmarks(&table);
   return table.Succeeded() ? EXIT_SUCCESS : EXIT_FAILURE;
 }

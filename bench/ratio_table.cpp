@@ -26,16 +26,16 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
 
 void RatioTable::Finalize() {
   std::ostream& out = GetOutputStream();
-  out << "How many times as long as the module each other contender takes:\n"
+  out << "How many times as long as " << base_ << " each other contender takes:\n"
       << std::fixed << std::setprecision(2);
   for (const std::string& measured : cases_) {
     const Times& times = times_[measured];
-    const auto module_time = times.find("module");
-    if (module_time == times.end()) continue;
+    const auto base_time = times.find(base_);
+    if (base_time == times.end()) continue;
     out << std::left << std::setw(32) << measured << std::right;
     for (const auto& [contender, time] : times) {
-      if (contender == module_time->first) continue;
-      out << std::setw(12) << contender << std::setw(9) << time / module_time->second;
+      if (contender == base_time->first) continue;
+      out << std::setw(12) << contender << std::setw(9) << time / base_time->second;
     }
     out << '\n';
   }

@@ -54,14 +54,16 @@ KIV_EXPORT Hull Power(const Hull& x, const Hull& y);
 // Inverse: x of z = f(x, y), or y where the function is named after it, without the ends that no
 // other operands complete to a solution, empty when none do. Where nothing else is said, each end
 // that stays is part of a solution, so that the result is the least hull. All take constant time,
-// Base and Exponent a few thousand steps. z = x * y. Each end that stays has a real number y, not
-// always an integer, beside it.
+// Base and Exponent up to some ten thousand steps when an operand is wide.
+
+// z = x * y. Each end that stays has a real number y, not always an integer, beside it.
 KIV_EXPORT Hull Factor(const Hull& x, const Hull& y, const Hull& z);
 // z = x div y, truncating, y <> 0.
 KIV_EXPORT Hull TruncatedDividend(const Hull& x, const Hull& y, const Hull& z);
 KIV_EXPORT Hull TruncatedDivisor(const Hull& x, const Hull& y, const Hull& z);
 // z = x mod y, y <> 0. The dividends are the least hull when the moduli are m, -m or both;
-// otherwise they, and the moduli always, may keep ends without a solution.
+// otherwise they, and the moduli always, may keep ends without a solution. Moduli that were
+// narrowed may be narrowed more the next time.
 KIV_EXPORT Hull Dividend(const Hull& x, const Hull& y, const Hull& z);
 KIV_EXPORT Hull Modulus(const Hull& x, const Hull& y, const Hull& z);
 // z = min(x, y) and z = max(x, y).

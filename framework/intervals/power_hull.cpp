@@ -2,6 +2,7 @@
 // of 2 or more; its sign is that of the exponent's parity for negative bases.
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 
 #include "framework/intervals/bound_arithmetic.h"
@@ -27,10 +28,11 @@ std::int64_t Magnitude(std::int64_t base, std::int64_t exponent) {
   return power;
 }
 
-// The least base from 0 whose power is `bound` or more, for a finite bound.
+// The least base from 0 whose power is `bound` or more, for a bound from 0 to kUnbounded.
 std::int64_t CeilRoot(std::int64_t bound, std::int64_t exponent) {
+  const std::int64_t bits = std::bit_width(static_cast<std::uint64_t>(bound));
   std::int64_t lower = 0;
-  std::int64_t upper = std::int64_t{1} << (kSaturatingExponent / exponent + 1);
+  std::int64_t upper = std::int64_t{1} << (bits / exponent + 1);
   while (lower < upper) {
     const std::int64_t middle = (lower + upper) / 2;
     if (Magnitude(middle, exponent) >= bound) {

@@ -47,8 +47,7 @@ class KIV_EXPORT KivOmbBoundedInteger : public KivOmbiInteger {
 
   int CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
   int CalcFirstInverseSumValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
-  // The first inverse tells factors apart that integers have from those that real numbers have only
-  // where the others are fixed.
+  // The first inverse keeps what some real number, not always an integer, completes to a product.
   int CalcProdValue(const KivOmbiNumber& x, const KivOmbiNumber& y) override;
   int CalcFirstInverseProdValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
   // A modulus 0 has no remainder: it is passed over among others, and alone it makes the target

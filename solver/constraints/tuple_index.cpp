@@ -4,7 +4,7 @@
 #include <numeric>
 #include <stdexcept>
 
-#include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/value_sets.h"
 
 namespace kiv {
 
@@ -13,10 +13,7 @@ TupleIndex::TupleIndex(unsigned arity, std::size_t count, std::vector<std::int32
   if (cells.size() > kMostCells || (arity > 0 && count > kMostCells / arity)) {
     throw std::length_error("a table of more than 67108864 integers");
   }
-  const auto is_value = [](std::int32_t cell) {
-    return SubIntBase::kMin < cell && cell < SubIntBase::kMax;
-  };
-  if (cells.size() != arity * count || !std::ranges::all_of(cells, is_value)) {
+  if (cells.size() != arity * count || !std::ranges::all_of(cells, IsValue)) {
     throw std::invalid_argument("tuples of another length, or with a number beyond the integers");
   }
   if (arity == 0) {

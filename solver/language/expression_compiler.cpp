@@ -1,11 +1,10 @@
 #include "solver/language/expression_compiler.h"
 
-#include <array>
 #include <utility>
 
 #include "framework/abstract_types/boolean.h"
 #include "framework/abstract_types/integer.h"
-#include "solver/constraints/scaling.h"
+#include "solver/constraints/linear_posting.h"
 #include "solver/language/aggregate_compiler.h"
 #include "solver/language/constant_folding.h"
 #include "solver/language/declared_domain.h"
@@ -332,10 +331,8 @@ std::optional<Operand> ExpressionCompiler::ApplyScaling(const Row& row, const Op
   }
   const auto result = AddVariable(*row.GetResult(), range);
   if (!result || !budget_.Spend(1, range, diagnostics_)) return std::nullopt;
-  const std::array arguments = {operand.variable, *result};
-  model_.AddOrigin(model_.GetNetwork().Emplace<Scaling>(
-                       arguments, static_cast<std::int32_t>(*coefficient.constant)),
-                   range);
+  const LinearTerm terms[] = {{*coefficient.constant, operand.variable}, {-1, *result}};
+  model_.AddOrigin(PostLinear(model_.GetNetwork(), terms, LinearRelation::kEqual, 0), range);
   return Operand{std::nullopt, *result, range};
 }
 

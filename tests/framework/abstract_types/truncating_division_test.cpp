@@ -37,7 +37,8 @@ Declared NearQuotient(Generator& random, const Declared& x, const Declared& y) {
   Declared z = RandomVariable(random, Flavour::kHoles);
   const std::int32_t divisor = PickOf(random, y.values);
   if (divisor == 0) return z;
-  const std::int64_t shift = PickOf(random, x.values) / divisor - z.values.front();
+  const std::int64_t quotient = PickOf(random, x.values) / divisor;
+  const std::int64_t shift = quotient - z.values.front();
   for (std::int32_t& value : z.values) {
     value = static_cast<std::int32_t>(std::clamp<std::int64_t>(value + shift, -kMost, kMost));
   }

@@ -7,9 +7,9 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
-#include <iostream>
+#include <cstdlib>
 #include <optional>
+#include <ostream>
 #include <random>
 #include <vector>
 
@@ -71,9 +71,20 @@ bool IsOneModulus(const Hull& y) {
          (y.lower == 0 && y.upper == 1) || (y.lower == -1 && y.upper == 0);
 }
 
+bool HasOneQuotient(const Hull& x, const Hull& y) {
+  std::optional<std::int64_t> quotient;
+  for (std::int64_t a = x.lower; a <= x.upper; ++a) {
+    for (std::int64_t b = y.lower; b <= y.upper; ++b) {
+      if (b != 0 && quotient.value_or(std::abs(a / b)) != std::abs(a / b)) return false;
+      if (b != 0) quotient = std::abs(a / b);
+    }
+  }
+  return true;
+}
+
 bool IsRemainderLeast(const Hull& x, const Hull& y) {
-  std::int64_t least = x.Contains(0) ? 0 : std::min(std::abs(x.lower), std::abs(x.upper));
-  return IsOneModulus(y) || GreatestMagnitude(y) > least;
+  const std::int64_t least = x.Contains(0) ? 0 : std::min(std::abs(x.lower), std::abs(x.upper));
+  return IsOneModulus(y) || GreatestMagnitude(y) > least || HasOneQuotient(x, y);
 }
 
 const Operation kOperations[] = {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "framework/intervals/sub_int_base.h"
-#include "solver/constraints/scaling.h"
+#include "solver/constraints/linear_posting.h"
 #include "tests/support/enumeration.h"
 #include "tests/support/modules.h"
 
@@ -73,8 +73,8 @@ TEST_P(Overflow, AnOverflowIsForgottenWithItsLevel) {
 }
 
 TEST_P(Overflow, AScaledValueBeyondTheRangeIsAnOverflowToo) {
-  const KivOmbNetwork::VariableId arguments[] = {Add({3}), Add({})};
-  network_.Emplace<Scaling>(arguments, 1000000000);
+  const LinearTerm terms[] = {{1000000000, Add({3})}, {-1, Add({})}};
+  PostLinear(network_, terms, LinearRelation::kEqual, 0);
   EXPECT_EQ(network_.Propagate(), Outcome::kOverflow);
 }
 

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <functional>
 
 #include "framework/intervals/hull.h"
 #include "tests/framework/numbers/samples.h"

@@ -1,11 +1,11 @@
-#include "solver/constraints/scaling.h"
+// Products with constants, z = c * x, as linear equations.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 
 #include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/linear_posting.h"
 #include "tests/support/constraint_case.h"
 #include "tests/support/modules.h"
 #include "tests/support/random_variables.h"
@@ -22,19 +22,19 @@ constexpr std::int32_t kMax = SubIntBase::kMax;
 
 const KivOmbiObjectDescriptor* Kind(const char* name) { return OpenModules().FindKind(name); }
 
-void PostScaling(KivOmbNetwork& network, VariableId x, std::int32_t coefficient, VariableId z) {
-  const VariableId arguments[] = {x, z};
-  network.Emplace<Scaling>(arguments, coefficient);
+void PostProduct(KivOmbNetwork& network, VariableId x, std::int32_t coefficient, VariableId z) {
+  const LinearTerm terms[] = {{coefficient, x}, {-1, z}};
+  PostLinear(network, terms, LinearRelation::kEqual, 0);
 }
 
-ConstraintCase ScalingOver(std::vector<Declared> variables, std::vector<VariableId> arguments,
-                           std::int32_t coefficient) {
-  return {.name = "scaling by " + std::to_string(coefficient),
+ConstraintCase ProductOf(std::vector<Declared> variables, std::vector<VariableId> arguments,
+                         std::int32_t coefficient) {
+  return {.name = "product with " + std::to_string(coefficient),
           .variables = std::move(variables),
           .arguments = std::move(arguments),
           .post =
               [=](KivOmbNetwork& network, auto posted_over) {
-                PostScaling(network, posted_over[0], coefficient, posted_over[1]);
+                PostProduct(network, posted_over[0], coefficient, posted_over[1]);
               },
           .holds =
               [=](const Assignment& values) {
@@ -57,7 +57,7 @@ Values AroundProducts(const Values& values, std::int64_t coefficient) {
   return around;
 }
 
-TEST(Scaling, StandsUnderBruteForce) {
+TEST(LinearProduct, StandsUnderBruteForce) {
   static constexpr std::int32_t kCoefficients[] = {
       0, 1, -1, 2, -2, 3, -3, 7, -12, 1000000007, -1000000007, kMost, -kMost, kMax, INT32_MIN};
   const Values small = Range(-7, 7);
@@ -69,22 +69,22 @@ TEST(Scaling, StandsUnderBruteForce) {
     Generator random(seed);
     const std::int32_t coefficient = PickOf(random, kCoefficients);
     const Values& values = OneIn(random, 4) ? ends : small;
-    const ConstraintCase scaling =
-        ScalingOver({RandomVariable(random, PickOf(random, kIntegerKinds), values, 6),
-                     RandomVariable(random, PickOf(random, kIntegerKinds),
-                                    AroundProducts(values, coefficient), 20)},
-                    {0, 1}, coefficient);
-    CheckConstraint(scaling, seed);
+    const ConstraintCase product =
+        ProductOf({RandomVariable(random, PickOf(random, kIntegerKinds), values, 6),
+                   RandomVariable(random, PickOf(random, kIntegerKinds),
+                                  AroundProducts(values, coefficient), 20)},
+                  {0, 1}, coefficient);
+    CheckConstraint(product, seed);
     if (testing::Test::HasFailure()) return;
     KivOmbNetwork network;
-    for (const Declared& variable : scaling.variables) Declare(network, variable);
-    scaling.post(network, scaling.arguments);
+    for (const Declared& variable : product.variables) Declare(network, variable);
+    product.post(network, product.arguments);
     with_solutions += network.Propagate() == Outcome::kFixpoint;
   }
   EXPECT_GT(with_solutions, Times(3000) / 10);
 }
 
-TEST(Scaling, OfAVariableByItselfLeavesZeroOrEverything) {
+TEST(LinearProduct, OfAVariableByItselfLeavesZeroOrEverything) {
   for (const char* kind : kIntegerKinds) {
     for (const std::int32_t coefficient : {0, 1, -1, 2, -2, 5, kMax, INT32_MIN}) {
       SCOPED_TRACE(std::string(kind) + " " + std::to_string(coefficient));
@@ -93,39 +93,39 @@ TEST(Scaling, OfAVariableByItselfLeavesZeroOrEverything) {
         domains = {Range(-5, 5), Range(1, 6), Range(-6, -1), {0}, {3}};
       }
       for (const Values& values : domains) {
-        CheckConstraint(ScalingOver({{Kind(kind), values}}, {0, 0}, coefficient), Seed(1));
+        CheckConstraint(ProductOf({{Kind(kind), values}}, {0, 0}, coefficient), Seed(1));
       }
     }
   }
 }
 
-TEST(Scaling, OfAWideIntervalByItselfComesToAnEnd) {
+TEST(LinearProduct, OfAWideIntervalByItselfComesToAnEnd) {
   for (const std::int32_t coefficient : {-1, 2, -2, 3, kMax}) {
     SCOPED_TRACE(coefficient);
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind("interval int"), {1, kMost}});
-    PostScaling(network, x, coefficient, x);
+    PostProduct(network, x, coefficient, x);
     EXPECT_EQ(network.Propagate(), Outcome::kContradiction);
   }
 }
 
-TEST(Scaling, NarrowsWideIntervalsByTheirBounds) {
+TEST(LinearProduct, NarrowsWideIntervalsByTheirBounds) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("interval int"), {-1000000, 2000000}});
   const auto z = Declare(network, {Kind("interval int"), {-5000001, 4000001}});
-  PostScaling(network, x, -3, z);
+  PostProduct(network, x, -3, z);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, x), "[-1000000, 1666667]");
   EXPECT_EQ(Text(network, z), "[-5000001, 3000000]");
 }
 
 // So wide that no value is looked at.
-TEST(Scaling, BoundsAreRoundedInwards) {
+TEST(LinearProduct, BoundsAreRoundedInwards) {
   const auto quotients = [](std::int32_t coefficient, const Values& products) {
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind("interval int"), {-1000000000, 1000000000}});
     const auto z = Declare(network, {Kind("interval int"), products});
-    PostScaling(network, x, coefficient, z);
+    PostProduct(network, x, coefficient, z);
     network.Propagate();
     return Text(network, x);
   };
@@ -137,24 +137,24 @@ TEST(Scaling, BoundsAreRoundedInwards) {
   EXPECT_EQ(quotients(-2000000000, {1, 1999999999}), "Nil");
 }
 
-TEST(Scaling, NothingUnknownIsBetweenTwoProducts) {
+TEST(LinearProduct, NothingUnknownIsBetweenTwoProducts) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("enum int"), {}});
   const auto z = Declare(network, {Kind("interval int"), {1, 1999999999}});
-  PostScaling(network, x, 2000000000, z);
+  PostProduct(network, x, 2000000000, z);
   EXPECT_EQ(network.Propagate(), Outcome::kContradiction);
 }
 
-TEST(Scaling, AnUnknownVariableTakesTheImageOfTheOther) {
+TEST(LinearProduct, AnUnknownVariableTakesTheImageOfTheOther) {
   for (const char* kind : kIntegerKinds) {
     SCOPED_TRACE(kind);
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind("enum int"), {-1, 2, 5}});
     const auto products = Declare(network, {Kind(kind), {}});
-    PostScaling(network, x, 3, products);
+    PostProduct(network, x, 3, products);
     const auto z = Declare(network, {Kind("enum int"), {-7, -6, 0, 5, 9}});
     const auto quotients = Declare(network, {Kind(kind), {}});
-    PostScaling(network, quotients, -3, z);
+    PostProduct(network, quotients, -3, z);
     ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
     const std::string_view name = kind;
     EXPECT_EQ(Text(network, products), name == "enum int"       ? "{ -3, 6, 15 }"
@@ -167,36 +167,36 @@ TEST(Scaling, AnUnknownVariableTakesTheImageOfTheOther) {
   }
 }
 
-TEST(Scaling, AnUnknownSingleTakesTheOneValueThereIs) {
+TEST(LinearProduct, AnUnknownSingleTakesTheOneValueThereIs) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("enum int"), {4}});
   const auto z = Declare(network, {Kind("int"), {}});
-  PostScaling(network, x, -5, z);
+  PostProduct(network, x, -5, z);
   const auto y = Declare(network, {Kind("int"), {}});
-  PostScaling(network, y, 2, x);
+  PostProduct(network, y, 2, x);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, z), "-20");
   EXPECT_EQ(Text(network, y), "2");
 }
 
-TEST(Scaling, ByZeroGivesZeroWhateverTheOther) {
+TEST(LinearProduct, ByZeroGivesZeroWhateverTheOther) {
   for (const char* kind : kIntegerKinds) {
     SCOPED_TRACE(kind);
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind(kind), {}});
     const auto z = Declare(network, {Kind(kind), {}});
-    PostScaling(network, x, 0, z);
+    PostProduct(network, x, 0, z);
     ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
     EXPECT_EQ(Text(network, x), "Any");
     EXPECT_EQ(Text(network, z), "0");
   }
 }
 
-TEST(Scaling, AnImageThatAKindCannotHoldStaysUnknown) {
+TEST(LinearProduct, AnImageThatAKindCannotHoldStaysUnknown) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("interval int"), {1, 3000}});
   const auto z = Declare(network, {Kind("enum int"), {}});
-  PostScaling(network, x, 2, z);
+  PostProduct(network, x, 2, z);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, z), "Any");
   Restrict(network, x, {7, 9});
@@ -204,17 +204,17 @@ TEST(Scaling, AnImageThatAKindCannotHoldStaysUnknown) {
   EXPECT_EQ(Text(network, z), "{ 14, 16, 18 }");
 }
 
-class ScalingOverflow : public testing::TestWithParam<const char*> {};
+class LinearProductOverflow : public testing::TestWithParam<const char*> {};
 
 // Products beyond the range are excluded by a bounded variable only; for an open one they stay
 // possible, and the search has to say so.
-TEST_P(ScalingOverflow, AnOpenProductExcludesNoFactor) {
+TEST_P(LinearProductOverflow, AnOpenProductExcludesNoFactor) {
   for (const std::int32_t sign : {1, -1}) {
     SCOPED_TRACE(sign);
     KivOmbNetwork network;
     const auto x = Declare(network, {Kind("enum int"), {1, 2, 2500}});
     const auto z = Declare(network, {Kind(GetParam()), {}});
-    PostScaling(network, x, sign * 1000000, z);
+    PostProduct(network, x, sign * 1000000, z);
     ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
     EXPECT_EQ(network.GetSummary(x).cardinality, 3u);
     network.PushLevel();
@@ -227,37 +227,31 @@ TEST_P(ScalingOverflow, AnOpenProductExcludesNoFactor) {
   }
 }
 
-TEST_P(ScalingOverflow, ABoundedProductExcludesFactors) {
+TEST_P(LinearProductOverflow, ABoundedProductExcludesFactors) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("enum int"), {1, 2, 2500}});
   const auto z = Declare(network, {Kind(GetParam()), {2000000, kMost}});
-  PostScaling(network, x, 1000000, z);
+  PostProduct(network, x, 1000000, z);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, x), "2");
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, ScalingOverflow, testing::Values("enum int", "interval int"),
+INSTANTIATE_TEST_SUITE_P(Kinds, LinearProductOverflow, testing::Values("enum int", "interval int"),
                          [](const auto& kind) {
                            return std::string(kind.param) == "enum int" ? "EnumInt" : "IntervalInt";
                          });
 
 // A product known from below alone must not be closed from above by looking at its few "values".
-TEST(Scaling, AProductNearTheEndStaysOpen) {
+TEST(LinearProduct, AProductNearTheEndStaysOpen) {
   KivOmbNetwork network;
   const auto x = Declare(network, {Kind("enum int"), {1073741822, 1073741823, 1073741830}});
   const auto z = Declare(network, {Kind("interval int"), {}});
-  PostScaling(network, x, 2, z);
+  PostProduct(network, x, 2, z);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, z), "[2147483644, Max]");
   EXPECT_EQ(network.GetSummary(x).cardinality, 3u);
   Restrict(network, x, {1073741830});
   EXPECT_EQ(network.Propagate(), Outcome::kOverflow);
-}
-
-TEST(Scaling, TellsItsGroundTruthBeyond32Bits) {
-  const Scaling scaling(2000000000);
-  EXPECT_TRUE(scaling.Holds(std::array<std::int64_t, 2>{3, 6000000000}));
-  EXPECT_FALSE(scaling.Holds(std::array<std::int64_t, 2>{3, 1705032704}));
 }
 
 }  // namespace

@@ -1,0 +1,46 @@
+#include "solver/constraints/linear_equation.h"
+
+#include <utility>
+
+#include "solver/constraints/linear_support.h"
+
+namespace kiv {
+
+namespace {
+
+const KivOmbiConstraintDescriptor descriptor("kiv::LinearEquation", 0, 0, true);
+
+}  // namespace
+
+LinearEquation::LinearEquation(std::vector<std::int64_t> coefficients, Int128 constant)
+    : KivOmbiConstraint(&descriptor), sum_(std::move(coefficients)), constant_(constant) {}
+
+std::int64_t LinearEquation::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
+  return NarrowToEqual(environment, sum_, constant_);
+}
+
+KivOmbiConstraint::Cost LinearEquation::GetCost() const { return sum_.GetCost(); }
+
+std::int64_t LinearEquation::GetWakingEvents(unsigned, unsigned) const {
+  return WakingEventsOfEquation(sum_);
+}
+
+bool LinearEquation::Holds(std::span<const std::int64_t> values) const {
+  return sum_.Of(values) == constant_;
+}
+
+KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+                                  Int128 constant) {
+  const auto result = sum.NarrowTo(environment, constant, constant);
+  const bool goes_on =
+      (result & kKivAtFixpoint) != 0 && (result & (kKivEntailed | kKivOverflow)) == 0;
+  if (!goes_on || sum.Count() > kMostSupportedTerms) return result;
+  const auto supported = NarrowToSupported(environment, sum, constant);
+  return supported != 0 ? supported : result;
+}
+
+std::int64_t WakingEventsOfEquation(const LinearSum& sum) {
+  return sum.Count() <= kMostSupportedTerms ? kKivAnyEvent : kKivBounds;
+}
+
+}  // namespace kiv

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "framework/abstract_types/constraint.h"
+#include "solver/constraints/linear_sum.h"
+
+namespace kiv {
+
+// sum of coefficient[i] * argument i = constant, over different integers of any kinds.
+//
+// Up to three terms: every value left is part of a solution over the domains left, where the two
+// smaller domains have at most kMostPairs pairs of values; of an argument whose kind holds no gaps,
+// or which has too many values to list, both bounds are. With two terms both bounds are at least
+// part of a solution over the hulls left, however wide.
+// More terms: both bounds satisfy the equation over the reals within the hulls left; with
+// coefficients of 1 and -1 alone, over the integers.
+class KIV_EXPORT LinearEquation final : public KivOmbiConstraint {
+ public:
+  // What LinearSum says of the coefficients holds here.
+  LinearEquation(std::vector<std::int64_t> coefficients, Int128 constant);
+
+  std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
+  Cost GetCost() const override;
+  std::int64_t GetWakingEvents(unsigned index, unsigned arguments) const override;
+  bool Holds(std::span<const std::int64_t> values) const override;
+
+ private:
+  LinearSum sum_;
+  Int128 constant_;
+};
+
+// What the class does in a run, for a sum over the first arguments.
+KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+                                  Int128 constant);
+
+// The events of an argument that can let NarrowToEqual narrow another.
+std::int64_t WakingEventsOfEquation(const LinearSum& sum);
+
+}  // namespace kiv

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "framework/abstract_types/constraint.h"
+#include "solver/constraints/wide_integer.h"
+
+namespace kiv {
+
+// coefficient[0] * argument 0 + coefficient[1] * argument 1 + ... over the first arguments of a
+// running constraint, which are integers of any kinds: what the bounds of the arguments tell of the
+// sum, and the other way round. Allocates nothing after its construction.
+class LinearSum {
+ public:
+  // No coefficient is 0 or the least number of 64 bits. The arguments had better be different
+  // variables: a repeated one is narrowed less than could be.
+  explicit LinearSum(std::vector<std::int64_t> coefficients);
+
+  unsigned Count() const noexcept { return static_cast<unsigned>(coefficients_.size()); }
+  std::span<const std::int64_t> GetCoefficients() const noexcept { return coefficients_; }
+  // The cost of a run over all arguments.
+  KivOmbiConstraint::Cost GetCost() const noexcept;
+
+  // The ground truth: the sum of these 32-bit values.
+  Int128 Of(std::span<const std::int64_t> values) const;
+
+  // Whether all sums of products that can occur stay far within 64 bits.
+  bool IsNarrow() const noexcept { return reach_ < (Int128{1} << 61); }
+  // A number that stands in the same relations to all sums of 32-bit values as `constant` does, and
+  // is not far beyond them.
+  Int128 ClampToReach(Int128 constant) const;
+
+  // Between which numbers the sum lies; none when an argument leaves that side open.
+  struct Range {
+    std::optional<Int128> lower;
+    std::optional<Int128> upper;
+  };
+  Range RangeOver(const KivOmbiObjectEnvironment& environment) const;
+
+  // Narrows the bounds of the arguments to those with which low <= sum <= high can hold over the
+  // reals; a limit that is absent is none. An unknown argument that only few values are left for
+  // takes them, if its kind can. At most a set number of rounds over the arguments: a run that is
+  // still moving then gives way, without kKivAtFixpoint.
+  KivOmbiFilterResult NarrowTo(const KivOmbiObjectEnvironment& environment,
+                               std::optional<Int128> low, std::optional<Int128> high) const;
+
+ private:
+  std::vector<std::int64_t> coefficients_;
+  Int128 reach_;  // no sum of 32-bit values is further from 0
+};
+
+}  // namespace kiv
