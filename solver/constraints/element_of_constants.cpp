@@ -28,7 +28,7 @@ ElementOfConstants::ElementOfConstants(std::vector<std::int32_t> elements, std::
     throw std::invalid_argument("an array with an element or an index beyond the integers");
   }
   std::ranges::sort(values_);
-  values_.erase(std::ranges::unique(values_).begin(), values_.end());
+  values_.erase(std::unique(values_.begin(), values_.end()), values_.end());
   for (const std::int32_t element : elements_) {
     const auto position = std::ranges::lower_bound(values_, element) - values_.begin();
     value_of_.push_back(static_cast<std::uint32_t>(position));

@@ -11,11 +11,6 @@ namespace kiv {
 
 bool IsValue(std::int64_t value) { return value > SubIntBase::kMin && value < SubIntBase::kMax; }
 
-bool IsBeforeOpenEnd(const KivOmbiDomainSummary& summary, std::int64_t value) {
-  return (summary.upper == SubIntBase::kMax && value == SubIntBase::kMax - 1) ||
-         (summary.lower == SubIntBase::kMin && value == SubIntBase::kMin + 1);
-}
-
 ValueSet Between(ValueSet set, const KivOmbiDomainSummary& summary) {
   const auto first = std::ranges::lower_bound(set, summary.lower);
   return {first, std::upper_bound(first, set.end(), summary.upper)};

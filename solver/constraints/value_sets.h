@@ -15,10 +15,6 @@ using ValueSet = std::span<const std::int32_t>;
 // Whether `value` is one that a variable can hold: no infinity, and nothing beyond.
 bool IsValue(std::int64_t value);
 
-// Whether `value` is the last one before an open end of the domain. A constraint leaves it there:
-// without it a domain could hold nothing but what lies beyond the integers, which is no value.
-bool IsBeforeOpenEnd(const KivOmbiDomainSummary& summary, std::int64_t value);
-
 // The values of `set` between the bounds of a domain.
 ValueSet Between(ValueSet set, const KivOmbiDomainSummary& summary);
 
