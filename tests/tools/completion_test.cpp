@@ -32,7 +32,7 @@ class Completion : public testing::Test {
 
   // What bash offers for the last of these words.
   std::set<std::string> Complete(const std::vector<std::string>& words) const {
-    std::string call = "cd '" + folder_.string() + "' && source script && COMP_WORDS=(kiv";
+    std::string call = "cd '" + folder_.string() + "' && source ./script && COMP_WORDS=(kiv";
     for (const std::string& word : words) call += " '" + word + '\'';
     call += ") && COMP_CWORD=" + std::to_string(words.size()) +
             " && _kiv; printf '%s\\n' \"${COMPREPLY[@]}\"";

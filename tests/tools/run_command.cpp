@@ -55,11 +55,11 @@ struct Pipe {
   }
 };
 
-[[noreturn]] void BecomeKiv(const std::vector<std::string>& arguments,
-                            const CommandSettings& settings, int in, int out, int err) {
+[[noreturn]] void BecomeProgram(const std::vector<std::string>& arguments,
+                                const CommandSettings& settings, int in, int out, int err) {
   // A run that does not end fails its test instead of filling the memory.
   alarm(20);
-  std::string program = KIV_COMMAND;
+  std::string program = settings.program.empty() ? KIV_COMMAND : settings.program;
   std::vector<char*> list = {program.data()};
   for (const std::string& argument : arguments) list.push_back(const_cast<char*>(argument.c_str()));
   list.push_back(nullptr);
@@ -81,7 +81,7 @@ CommandResult RunKiv(const std::vector<std::string>& arguments, const CommandSet
   if (child == 0) {
     std::signal(SIGPIPE, SIG_DFL);
     out.CloseRead();
-    BecomeKiv(arguments, settings, in.read, out.write, err.write);
+    BecomeProgram(arguments, settings, in.read, out.write, err.write);
   }
   in.CloseRead();
   out.CloseWrite();

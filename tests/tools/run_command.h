@@ -20,6 +20,7 @@ struct CommandSettings {
   int stop_signal = 0;        // sent as soon as the first output has arrived
   bool close_output = false;  // nobody reads standard output
   bool terminal = false;      // standard error is a terminal
+  std::string program;        // run instead of `kiv`, when it is not empty
 };
 
 // Runs the built `kiv` with these arguments and waits for its end. Throws std::system_error when it

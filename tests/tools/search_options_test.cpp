@@ -96,6 +96,8 @@ TEST(Strategies, ThatDoNotExistAreRefused) {
         {"--time-limit", "soon"},
         {"--seed", "x"},
         {"--node-limit", "-1"},
+        {"--failure-limit", "1.5"},
+        {"--seed", "99999999999999999999"},
         {"--trace", "xml"}}) {
     const CommandResult result = RunKivOn(kQueens, {"solve", option[0], option[1]});
     EXPECT_EQ(result.exit_code, 2) << option[0];
@@ -139,7 +141,7 @@ TEST(Optimisation, StopsAfterTheSolutionsThatAreAskedFor) {
 // A variable that stays unknown could hide a better value.
 TEST(Optimisation, IsNotProvedWhereSomethingStaysUnknown) {
   const CommandResult result = RunKivOn(
-      "x : enum int = [1, 2]; y : enum int; t : bool = (x == 1);\n"
+      "x : enum int = [1, 2]; y : enum int; t : bool; t = (x == 1);\n"
       "t or y == 1; minimize x;",
       {"solve"});
   EXPECT_EQ(result.output.find("=========="), std::string::npos) << result.output;
