@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "framework/abstract_types/integer.h"
@@ -68,8 +69,7 @@ TEST_F(Observer, IsToldOfConstraintsAndOfChangesFromOutside) {
   PostLess(x, y);
   network_.SetObserver(&notes_);
   EXPECT_EQ(network_.Propagate(), KivOmbNetwork::Outcome::kFixpoint);
-  // The arguments of "<" are handed over in the order right, left or left, right: as the network
-  // has them.
+  // The row decides which operand is handed over first.
   const auto arguments = network_.GetArguments(0);
   const bool x_first = arguments[0] == x;
   EXPECT_EQ(notes_.Take(),
@@ -77,7 +77,7 @@ TEST_F(Observer, IsToldOfConstraintsAndOfChangesFromOutside) {
 
   network_.PushLevel();
   network_.Update(
-      x, [](KivOmbiAny& domain) { static_cast<KivOmbiInteger&>(domain).CalcEqualExactValue(2); });
+      x, [](KivOmbiAny& domain) { static_cast<KivOmbiInteger&>(domain).SetExactValue(2); });
   EXPECT_EQ(notes_.Take(), (Steps{"outside: 2 -> 1"}));
   network_.Propagate();
   EXPECT_EQ(notes_.Take(),
