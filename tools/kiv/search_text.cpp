@@ -42,9 +42,10 @@ std::optional<Number> ParsePositive(const std::string& text) {
   return number;
 }
 
-std::string Unknown(const std::string& what, const std::string& name,
+// The message for a `name` of none of `names`; `all` says in the plural what they name.
+std::string Unknown(const std::string& what, const std::string& all, const std::string& name,
                     const std::vector<std::string>& names) {
-  return "unknown " + what + " '" + name + '\'' + SuggestNearName(name, names) + "\n  " + what +
+  return "unknown " + what + " '" + name + '\'' + SuggestNearName(name, names) + "\n  " + all +
          ": " + ListNames(names);
 }
 
@@ -62,11 +63,13 @@ StrategyChoice ParseStrategy(const std::string& text) {
   if (!variables) {
     std::vector<std::string> names = {"default"};
     for (std::string& name : GetVariableChoiceNames()) names.push_back(std::move(name));
-    throw InputError(option + Unknown("choice of variables", words[0], names));
+    throw InputError(option +
+                     Unknown("choice of variables", "choices of variables", words[0], names));
   }
   const auto values = words.size() < 2 ? ValueChoice::kSmallest : FindValueChoice(words[1]);
   if (!values) {
-    throw InputError(option + Unknown("choice of values", words[1], GetValueChoiceNames()));
+    throw InputError(
+        option + Unknown("choice of values", "choices of values", words[1], GetValueChoiceNames()));
   }
   return {*variables, *values};
 }
@@ -83,7 +86,9 @@ RestartPolicy ParseRestarts(const std::string& text) {
     known = true;
     policy.kind = kind;
   }
-  if (!known) throw InputError(option + Unknown("policy of restarts", words[0], names));
+  if (!known)
+    throw InputError(option +
+                     Unknown("policy of restarts", "policies of restarts", words[0], names));
 
   const bool is_geometric = policy.kind == RestartPolicy::Kind::kGeometric;
   const std::size_t numbers = policy.kind == RestartPolicy::Kind::kNone ? 0 : is_geometric ? 2 : 1;

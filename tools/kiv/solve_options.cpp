@@ -1,5 +1,6 @@
 #include "tools/kiv/solve_options.h"
 
+#include <charconv>
 #include <utility>
 
 #include "solver/search/default_search.h"
@@ -24,6 +25,19 @@ Strategy ModelStrategy(const CompiledModel& model) {
   return strategy;
 }
 
+// Refuses what is no integer from 0 to 2^64 - 1 and nothing else.
+CLI::Validator WholeNumber() {
+  return CLI::Validator(
+      [](std::string& text) -> std::string {
+        std::uint64_t number = 0;
+        const char* const end = text.data() + text.size();
+        const auto [rest, error] = std::from_chars(text.data(), end, number);
+        if (error == std::errc{} && rest == end) return {};
+        return "expected a whole number of at most 64 bits, not '" + text + '\'';
+      },
+      "");
+}
+
 }  // namespace
 
 void SolveOptions::AddTo(CLI::App& command) {
@@ -31,17 +45,22 @@ void SolveOptions::AddTo(CLI::App& command) {
   CLI::Option* every = command.add_flag("-a,--all", all, "Finds all solutions");
   command.add_option("-n,--solutions", solutions, "Finds at most so many solutions")
       ->type_name("N")
-      ->check(CLI::PositiveNumber)
+      ->check(WholeNumber())
+      ->check(CLI::PositiveNumber.description(""))
       ->excludes(every);
   command
       .add_option("--time-limit", time_limit,
                   "Searches no longer than so many seconds, or 500ms, 2m, 1h")
       ->type_name("TIME");
   command.add_option("--failure-limit", failure_limit, "Ends the search after so many failures")
-      ->type_name("N");
+      ->type_name("N")
+      ->check(WholeNumber());
   command.add_option("--node-limit", node_limit, "Ends the search after so many nodes")
-      ->type_name("N");
-  command.add_option("--seed", seed, "The seed of random choices (0)")->type_name("N");
+      ->type_name("N")
+      ->check(WholeNumber());
+  command.add_option("--seed", seed, "The seed of random choices (0)")
+      ->type_name("N")
+      ->check(WholeNumber());
   command
       .add_option("--strategy", strategy,
                   "How to search: default, or VARIABLES[,VALUES] as in first_fail,lower_half")
