@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "framework/utilities/text_stream.h"
+#include "solver/language/array_layout.h"
 
 namespace kiv {
 
@@ -28,20 +29,42 @@ std::string CompiledModel::Describe(KivOmbNetwork::ConstraintId constraint) cons
   return source_.DescribePosition(origin.begin) + ": " + source_.Quote(origin);
 }
 
+std::string CompiledModel::TextOf(KivOmbNetwork::VariableId variable) const {
+  Kivostrstream text;
+  network_.GetDomain(variable).PrintOn(text);
+  return text.Str();
+}
+
 void CompiledModel::PrintOn(std::ostream& out) const {
   for (const Variable& variable : variables_) {
-    Kivostrstream values;
-    for (std::uint32_t i = 0; i < variable.count; ++i) {
-      if (i > 0) values << ", ";
-      network_.GetDomain(variable.first + i).PrintOn(values);
-    }
-    out << variable.name << " = ";
-    if (!variable.shape.empty()) {
-      out << '[' << values.Str() << "]\n";
-    } else {
-      out << values.Str() << '\n';
-    }
+    const std::string beginning = variable.name + " = ";
+    std::vector<std::string> cells;
+    cells.reserve(variable.count);
+    for (std::uint32_t i = 0; i < variable.count; ++i) cells.push_back(TextOf(variable.first + i));
+    out << beginning
+        << (variable.shape.empty()
+                ? cells.front()
+                : LayOutList(variable.shape, std::move(cells), CountCharacters(beginning)))
+        << '\n';
   }
+}
+
+void CompiledModel::PrintSolutionOn(std::ostream& out) const {
+  if (shown_.empty()) {
+    PrintOn(out);
+    return;
+  }
+  std::string text;
+  for (const ShownItem& item : shown_) {
+    std::vector<std::string> cells;
+    cells.reserve(item.values.size());
+    for (const ShownItem::Value& value : item.values) {
+      cells.push_back(value.variable == KivOmbNetwork::kNone ? value.text : TextOf(value.variable));
+    }
+    text += item.shape.empty() ? cells.front() : LayOutGrid(item.shape, std::move(cells));
+  }
+  out << text;
+  if (!text.ends_with('\n')) out << '\n';
 }
 
 void CompiledModel::AddOrigin(KivOmbNetwork::ConstraintId constraint, SourceRange origin) {

@@ -1,5 +1,7 @@
 #include "solver/language/list_compiler.h"
 
+#include <utility>
+
 #include "solver/language/expression_compiler.h"
 
 namespace kiv {
@@ -40,6 +42,12 @@ std::optional<std::vector<Operand>> CompileList(const std::vector<Expression>& a
   bool complete = true;
   for (const Expression& argument : arguments) complete &= Append(argument, expressions, list);
   return complete ? std::optional(std::move(list)) : std::nullopt;
+}
+
+std::optional<std::vector<Operand>> CompileList(const Expression& argument,
+                                                ExpressionCompiler& expressions) {
+  std::vector<Operand> list;
+  return Append(argument, expressions, list) ? std::optional(std::move(list)) : std::nullopt;
 }
 
 }  // namespace kiv

@@ -17,4 +17,8 @@ class ExpressionCompiler;
 KIV_EXPORT std::optional<std::vector<Operand>> CompileList(const std::vector<Expression>& arguments,
                                                            ExpressionCompiler& expressions);
 
+// The same of a single argument.
+KIV_EXPORT std::optional<std::vector<Operand>> CompileList(const Expression& argument,
+                                                           ExpressionCompiler& expressions);
+
 }  // namespace kiv

@@ -8,6 +8,7 @@
 #include "solver/constraints/all_different.h"
 #include "solver/language/declaration_compiler.h"
 #include "solver/language/expression_compiler.h"
+#include "solver/language/goal_compiler.h"
 #include "solver/language/list_compiler.h"
 #include "solver/language/operator_precedence.h"
 #include "solver/language/parameter_compiler.h"
@@ -26,7 +27,8 @@ class ModelCompiler {
         budget_(options.limits),
         expressions_(*model_, vocabulary, scope_, budget_, diagnostics),
         parameters_(options.parameters, expressions_, scope_, budget_, diagnostics),
-        declarations_(*model_, vocabulary, expressions_, scope_, budget_, diagnostics) {}
+        declarations_(*model_, vocabulary, expressions_, scope_, budget_, diagnostics),
+        goals_(*model_, expressions_, diagnostics) {}
 
   std::unique_ptr<CompiledModel> Run(const SyntaxTree& tree) {
     for (const Statement& statement : tree.statements) {
@@ -50,6 +52,12 @@ class ModelCompiler {
     } else if (const auto* conditional = std::get_if<ConditionalStatement>(&statement.form)) {
       const auto condition = expressions_.CompileCondition(conditional->condition);
       if (condition) CompileAll(*condition ? conditional->first : conditional->second);
+    } else if (const auto* branch = std::get_if<BranchStatement>(&statement.form)) {
+      goals_.CompileBranch(*branch);
+    } else if (const auto* show = std::get_if<ShowStatement>(&statement.form)) {
+      goals_.CompileShow(*show);
+    } else {
+      goals_.CompileGoal(std::get<Goal>(statement.form));
     }
   }
 
@@ -74,6 +82,11 @@ class ModelCompiler {
     if (aggregate != nullptr && aggregate->name.text == "forall") {
       expressions_.GetGenerators().ForEach(aggregate->generators,
                                            [&] { Assert(*aggregate->body); });
+      return;
+    }
+    if (const auto* conditional = std::get_if<ConditionalExpression>(&expression.form)) {
+      const auto condition = expressions_.CompileCondition(*conditional->condition);
+      if (condition) Assert(*condition ? *conditional->first : *conditional->second);
       return;
     }
     const std::optional<Operand> value = expressions_.Compile(expression);
@@ -119,6 +132,7 @@ class ModelCompiler {
   ExpressionCompiler expressions_;
   ParameterCompiler parameters_;
   DeclarationCompiler declarations_;
+  GoalCompiler goals_;
 };
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "tools/kiv/model_input.h"
 
 #include <cerrno>
-#include <charconv>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -9,6 +8,7 @@
 #include <sstream>
 #include <utility>
 
+#include "solver/language/data_file.h"
 #include "solver/language/model_compiler.h"
 #include "tools/kiv/output.h"
 
@@ -32,23 +32,24 @@ std::string ReadText(const std::string& file) {
   return std::move(text).str();
 }
 
-std::map<std::string, ParameterValue> ReadDefinitions(const std::vector<std::string>& definitions) {
-  std::map<std::string, ParameterValue> values;
+// Adds the values of definitions "name=value" to `values`, in the place of others of that name.
+void ReadDefinitions(const std::vector<std::string>& definitions,
+                     std::map<std::string, ParameterValue>& values) {
   for (const std::string& definition : definitions) {
     const std::size_t sign = definition.find('=');
     if (sign == 0 || sign == std::string::npos) {
       throw InputError("-D " + definition + ": expected name=value, as in -D n=12");
     }
-    const char* const begin = definition.data() + sign + 1;
-    const char* const end = definition.data() + definition.size();
-    std::int64_t value = 0;
-    const auto [rest, error] = std::from_chars(begin, end, value);
-    if (error != std::errc{} || rest != end) {
-      throw InputError("-D " + definition + ": the value is no integer of 64 bits");
+    const std::string name = definition.substr(0, sign);
+    const SourceText text(definition, definition.substr(sign + 1));
+    Diagnostics diagnostics(text);
+    auto value = ReadValue(text, name, diagnostics);
+    if (!value) {
+      throw InputError("-D " + definition + ": " + diagnostics.GetAll().front().text +
+                       "; a value is an integer, true, false or a list such as [1, 2]");
     }
-    values[definition.substr(0, sign)] = value;
+    values.insert_or_assign(name, *std::move(value));
   }
-  return values;
 }
 
 }  // namespace
@@ -69,11 +70,21 @@ void ModelOptions::AddTo(CLI::App& command) {
       .add_option("-D,--define", definitions, "Gives the parameter NAME of the model another value")
       ->type_name("NAME=VALUE")
       ->allow_extra_args(false);
+  command.add_option("--data", data, "A JSON file with values of parameters; -D goes before it")
+      ->type_name("FILE");
 }
 
 LoadedModel LoadModel(const ModelOptions& options, const ModuleOptions& modules) {
   CompileOptions compile_options;
-  compile_options.parameters = ReadDefinitions(options.definitions);
+  if (!options.data.empty()) {
+    const SourceText text(options.data, ReadText(options.data));
+    Diagnostics mistakes(text);
+    auto values = ReadData(text, mistakes);
+    mistakes.PrintOn(std::cerr);
+    if (!values) return {};
+    compile_options.parameters = *std::move(values);
+  }
+  ReadDefinitions(options.definitions, compile_options.parameters);
   KivOmbiModuleManager manager;
   OpenModules(modules, manager);
 

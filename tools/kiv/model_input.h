@@ -23,6 +23,7 @@ void OpenModules(const ModuleOptions& options, KivOmbiModuleManager& manager);
 struct ModelOptions {
   std::string file;                      // "-" for standard input
   std::vector<std::string> definitions;  // "name=value"
+  std::string data;                      // a file with values of parameters, or empty
 
   // Adds the arguments of a subcommand that works on a model.
   void AddTo(CLI::App& command);

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -19,7 +20,13 @@ constexpr std::uint64_t kNoLimit = std::numeric_limits<std::uint64_t>::max();
 struct SolveOptions {
   ModelOptions model;
   bool all = false;
-  std::uint64_t limit = 1;
+  std::optional<std::uint64_t> limit;
+
+  // How many solutions are asked for; without a word on the command line the model decides.
+  std::uint64_t GetLimit(GoalKind goal) const {
+    if (limit) return *limit;
+    return all || goal != GoalKind::kSatisfy ? kNoLimit : 1;
+  }
 };
 
 // Prints what a search finds and keeps count.
@@ -29,7 +36,8 @@ class SolutionPrinter {
 
   // False when enough was printed.
   bool Print(const SearchLeaf& leaf) {
-    model_.PrintOn(std::cout);
+    if (!Improves(leaf)) return true;
+    model_.PrintSolutionOn(std::cout);
     std::cout << (leaf.complete ? "----------\n" : "~~~~~~~~~~\n");
     FlushOutput();
     if (leaf.complete) {
@@ -54,7 +62,10 @@ class SolutionPrinter {
     if (overflow) {
       std::cerr << "overflow: beyond the range of integers at " << DescribeCulprit(result) << '\n';
     }
-    if (solutions_ > 0) std::cerr << Count(solutions_, "solution") << '\n';
+    if (solutions_ > 0) {
+      const bool is_optimal = best_ && !overflow && result.end == SearchEnd::kExhausted;
+      std::cerr << Count(solutions_, "solution") << (is_optimal ? ", the last is optimal\n" : "\n");
+    }
     if (possibilities_ > 0) {
       std::cerr << possibilities_ << (possibilities_ == 1 ? " possibility" : " possibilities")
                 << " left unknown: " << DescribeUnknowns() << '\n';
@@ -72,6 +83,18 @@ class SolutionPrinter {
   }
 
  private:
+  // Whether a leaf is to be printed: of solutions with an objective only one that is better than
+  // those before.
+  bool Improves(const SearchLeaf& leaf) {
+    const CompiledModel::Goal& goal = model_.GetGoal();
+    if (goal.objective == KivOmbNetwork::kNone || !leaf.complete) return true;
+    const std::int64_t value = model_.GetNetwork().GetSummary(goal.objective).lower;
+    const bool least = goal.kind == GoalKind::kMinimize;
+    if (best_ && (least ? value >= *best_ : value <= *best_)) return false;
+    best_ = value;
+    return true;
+  }
+
   void NoteUnknowns() {
     const KivOmbNetwork& network = model_.GetNetwork();
     for (const KivOmbNetwork::VariableId variable : model_.GetDeclared()) {
@@ -97,6 +120,7 @@ class SolutionPrinter {
   std::uint64_t limit_;
   std::uint64_t solutions_ = 0;
   std::uint64_t possibilities_ = 0;
+  std::optional<std::int64_t> best_;              // the objective of the last solution printed
   std::set<KivOmbNetwork::VariableId> unknowns_;  // declared variables that stayed Any
 };
 
@@ -106,7 +130,7 @@ ExitCode Solve(const SolveOptions& options, const ModuleOptions& modules) {
   CompiledModel& model = *loaded.model;
 
   model.GetNetwork().SetStopFlag(&CatchStopSignals());
-  SolutionPrinter printer(model, options.all ? kNoLimit : options.limit);
+  SolutionPrinter printer(model, options.GetLimit(model.GetGoal().kind));
   BisectionSearch search(model.GetNetwork(), model.GetDeclared());
   const SearchResult result =
       search.Run([&printer](const SearchLeaf& leaf) { return printer.Print(leaf); });
@@ -128,12 +152,14 @@ void AddSolveCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& resu
       ->check(CLI::PositiveNumber)
       ->excludes(all);
   command->footer(
-      "Prints each solution as lines 'name = value' followed by a line '----------', and how many\n"
-      "there were on standard error. A possibility in which some variable stays unknown ends with\n"
-      "'~~~~~~~~~~' instead and is no solution.\n"
+      "Prints each solution as lines 'name = value', or as the model shows it, followed by a line\n"
+      "'----------', and how many there were on standard error. Where the model minimizes or\n"
+      "maximizes, each solution is better than the one before. A possibility in which some\n"
+      "variable stays unknown ends with '~~~~~~~~~~' instead and is no solution.\n"
       "Examples:\n"
       "  kiv solve examples/magic_square.kiv\n"
       "  kiv solve --all examples/queens.kiv -D n=6\n"
+      "  kiv solve model.kiv --data data.json -D 'w=[3, 1, 2]'\n"
       "  kiv solve -n 3 - < examples/queens.kiv");
   command->callback([options, &modules, &result] { result = Solve(*options, modules); });
 }

@@ -1,0 +1,136 @@
+#include "solver/language/goal_compiler.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "framework/abstract_types/integer.h"
+#include "solver/language/list_compiler.h"
+#include "solver/language/near_name.h"
+
+namespace kiv {
+namespace {
+
+constexpr std::array<std::pair<std::string_view, VariableChoice>, 9> kVariableChoices = {
+    {{"input_order", VariableChoice::kInputOrder},
+     {"first_fail", VariableChoice::kFirstFail},
+     {"anti_first_fail", VariableChoice::kAntiFirstFail},
+     {"smallest", VariableChoice::kSmallest},
+     {"largest", VariableChoice::kLargest},
+     {"most_constrained", VariableChoice::kMostConstrained},
+     {"max_regret", VariableChoice::kMaxRegret},
+     {"dom_w_deg", VariableChoice::kDomWDeg},
+     {"activity", VariableChoice::kActivity}}};
+
+constexpr std::array<std::pair<std::string_view, ValueChoice>, 6> kValueChoices = {
+    {{"smallest", ValueChoice::kSmallest},
+     {"greatest", ValueChoice::kGreatest},
+     {"lower_half", ValueChoice::kLowerHalf},
+     {"upper_half", ValueChoice::kUpperHalf},
+     {"middle", ValueChoice::kMiddle},
+     {"random", ValueChoice::kRandom}}};
+
+template <class Choice, std::size_t kCount>
+std::optional<Choice> FindChoice(
+    const Word& name, const std::array<std::pair<std::string_view, Choice>, kCount>& choices,
+    const std::string& what, Diagnostics& diagnostics) {
+  std::vector<std::string> names;
+  for (const auto& [known, choice] : choices) {
+    if (name.text == known) return choice;
+    names.emplace_back(known);
+  }
+  diagnostics.Add(
+      name.range,
+      "unknown choice of " + what + " '" + name.text + '\'' + SuggestNearName(name.text, names),
+      {"choices of " + what + ": " + ListNames(names)});
+  return std::nullopt;
+}
+
+}  // namespace
+
+void GoalCompiler::CompileGoal(const Goal& goal) {
+  CompiledModel::Goal compiled{goal.kind};
+  if (goal.objective != nullptr) {
+    const std::optional<Operand> objective = expressions_.Compile(*goal.objective);
+    const auto variable = objective ? expressions_.GetVariable(*objective) : std::nullopt;
+    if (!variable) return;
+    const KivOmbiObjectDescriptor& kind = expressions_.GetKind(*objective);
+    if (KivOmbiInteger::sDescriptor->IsMatched(&kind) == 0) {
+      diagnostics_.Add(goal.objective->range,
+                       "an integer can be as small or as great as possible, "
+                       "not a '" +
+                           kind.GetName() + '\'');
+      return;
+    }
+    compiled.objective = *variable;
+  }
+  model_.SetGoal(compiled);
+}
+
+void GoalCompiler::CompileBranch(const BranchStatement& branch) {
+  StrategyBlock block;
+  const auto operands = CompileList(branch.variables, expressions_);
+  const auto variable_choice =
+      FindChoice(branch.variable_choice, kVariableChoices, "variables", diagnostics_);
+  const bool has_value_choice = !branch.value_choice.text.empty();
+  const auto value_choice =
+      has_value_choice ? FindChoice(branch.value_choice, kValueChoices, "values", diagnostics_)
+                       : ValueChoice::kSmallest;
+  if (!operands || !variable_choice || !value_choice) return;
+  for (const Operand& operand : *operands) {
+    if (operand.constant) {
+      diagnostics_.Add(operand.range, "'branch' takes variables, not constants");
+      return;
+    }
+    block.variables.push_back(operand.variable);
+  }
+  block.variable_choice = *variable_choice;
+  block.value_choice = *value_choice;
+  model_.AddStrategy(std::move(block));
+}
+
+void GoalCompiler::CompileShow(const ShowStatement& show) {
+  for (const auto& item : show.items) {
+    if (const auto* literal = std::get_if<TextLiteral>(&item)) {
+      model_.AddShown({{}, {{KivOmbNetwork::kNone, literal->text}}});
+    } else if (auto shown = CompileItem(std::get<Expression>(item))) {
+      model_.AddShown(*std::move(shown));
+    }
+  }
+}
+
+std::optional<ShownItem> GoalCompiler::CompileItem(const Expression& expression) {
+  ShownItem item;
+  std::vector<Operand> operands;
+  const auto* reference = std::get_if<Reference>(&expression.form);
+  const auto* comprehension = std::get_if<Comprehension>(&expression.form);
+  if (reference != nullptr && expressions_.GetReferences().IsArray(*reference)) {
+    auto view = expressions_.GetReferences().CompileArray(*reference, expression.range);
+    if (!view) return std::nullopt;
+    item.shape = std::move(view->shape);
+    operands = std::move(view->elements);
+  } else if (std::holds_alternative<ListLiteral>(expression.form) ||
+             (comprehension != nullptr && !comprehension->is_set)) {
+    auto list = CompileList(expression, expressions_);
+    if (!list) return std::nullopt;
+    operands = *std::move(list);
+    item.shape = {{1, static_cast<std::int64_t>(operands.size())}};
+  } else {
+    const auto operand = expressions_.Compile(expression);
+    if (!operand) return std::nullopt;
+    operands.push_back(*operand);
+  }
+  for (const Operand& operand : operands) item.values.push_back(MakeValue(operand));
+  return item;
+}
+
+ShownItem::Value GoalCompiler::MakeValue(const Operand& operand) const {
+  if (operand.constant) return {KivOmbNetwork::kNone, std::to_string(*operand.constant)};
+  return {operand.variable, {}};
+}
+
+}  // namespace kiv
