@@ -1,18 +1,31 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 
+#include "framework/calculator/descriptor.h"
 #include "framework/networks/network.h"
+#include "solver/constraints/linear_expression.h"
 #include "solver/language/source_text.h"
 
 namespace kiv {
 
-// The value of an expression: a constant, or a variable of the network.
+struct Formula;
+
+// The value of an expression: a constant, a variable of the network, or a sum or formula. These two
+// have no variable yet, so that the constraint that takes them can be posted over their parts;
+// NetworkBuilder gives them one where it is needed.
 struct Operand {
   std::optional<std::int64_t> constant;
-  KivOmbNetwork::VariableId variable = KivOmbNetwork::kNone;  // unless constant
-  SourceRange range;                                          // where it is written
+  KivOmbNetwork::VariableId variable = KivOmbNetwork::kNone;
+  SourceRange range;  // where it is written
+  // Of a sum or a formula: the kind that its variable would have.
+  const KivOmbiObjectDescriptor* kind = nullptr;
+  LinearExpression sum = LinearExpression();
+  std::shared_ptr<const Formula> formula = nullptr;
+
+  bool IsSum() const noexcept { return kind != nullptr && formula == nullptr; }
 };
 
 }  // namespace kiv

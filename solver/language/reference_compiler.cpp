@@ -70,7 +70,7 @@ std::optional<Operand> ReferenceCompiler::CompileValue(const Reference& referenc
     return Operand{constant->value, KivOmbNetwork::kNone, range};
   }
   if (const auto* truth = std::get_if<Scope::Truth>(&entry->meaning)) {
-    return expressions_.CompileTruth(truth->value, range);
+    return expressions_.GetBuilder().GetTruth(truth->value, range);
   }
   return Operand{std::nullopt, std::get<Scope::Scalar>(entry->meaning).variable, range};
 }
@@ -197,7 +197,7 @@ std::optional<Operand> ReferenceCompiler::GetElement(const Scope::Meaning& array
   }
   const auto& constants = std::get<Scope::ConstantArray>(array);
   const std::int64_t value = (*constants.values)[offset];
-  if (constants.are_truths) return expressions_.CompileTruth(value != 0, range);
+  if (constants.are_truths) return expressions_.GetBuilder().GetTruth(value != 0, range);
   return Operand{value, KivOmbNetwork::kNone, range};
 }
 
