@@ -67,14 +67,6 @@ AllDifferentStrength StrengthOf(const CallSite& site) {
   return AllDifferentStrength::kAutomatic;
 }
 
-// The variable of `variable + constant`, with that constant of 32 bits; otherwise none.
-std::optional<LinearTerm> FindOffset(const Operand& operand) {
-  if (!operand.IsSum() || operand.sum.GetTerms().size() != 1) return std::nullopt;
-  const LinearTerm& term = operand.sum.GetTerms().front();
-  if (term.coefficient != 1 || !IsModelInteger(operand.sum.GetConstant())) return std::nullopt;
-  return LinearTerm{operand.sum.GetConstant(), term.variable};
-}
-
 template <class Post>
 bool PostSuccessors(const CallSite& site, Post post) {
   const CallArgument& successors = site.arguments.front();
@@ -98,11 +90,12 @@ bool PostAllDifferentCall(const CallSite& site) {
   Variables variables;
   TermOffsets offsets;
   for (const Operand& operand : site.arguments.front().operands) {
-    const auto term = FindOffset(operand);
-    const auto variable = term ? term->variable : site.builder.GetVariable(operand);
+    auto shift = FindShift(operand);
+    if (shift && !IsModelInteger(shift->constant)) shift.reset();
+    const auto variable = shift ? shift->variable : site.builder.GetVariable(operand);
     if (!variable) return false;
     variables.push_back(*variable);
-    offsets.push_back(term ? static_cast<std::int32_t>(term->coefficient) : 0);
+    offsets.push_back(shift ? static_cast<std::int32_t>(shift->constant) : 0);
   }
   if (std::ranges::all_of(offsets, [](std::int32_t offset) { return offset == 0; })) {
     offsets.clear();

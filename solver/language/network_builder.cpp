@@ -151,9 +151,8 @@ bool NetworkBuilder::PostRow(const KivOmbiCompoundObjectDescriptor& row, Variabl
 bool NetworkBuilder::PostSum(const LinearExpression& left, LinearRelation relation,
                              const LinearExpression& right, SourceRange range,
                              std::optional<LinearTruth> truth) {
-  const std::uint64_t steps = left.GetTerms().size() + right.GetTerms().size() + 1;
   try {
-    return PostAll(steps, range, [&](KivOmbNetwork& network) {
+    return PostAll(1, range, [&](KivOmbNetwork& network) {
       return std::vector{PostLinear(network, left, relation, right, truth)};
     });
   } catch (const std::overflow_error&) {

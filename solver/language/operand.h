@@ -28,4 +28,19 @@ struct Operand {
   bool IsSum() const noexcept { return kind != nullptr && formula == nullptr; }
 };
 
+// variable + constant
+struct ShiftedVariable {
+  KivOmbNetwork::VariableId variable;
+  std::int64_t constant;
+};
+
+// What a sum is when it has that form. A sum that is no more than that needs no variable of its own
+// where a constraint knows how to shift its arguments.
+inline std::optional<ShiftedVariable> FindShift(const Operand& operand) {
+  if (!operand.IsSum() || operand.sum.GetTerms().size() != 1) return std::nullopt;
+  const LinearTerm& term = operand.sum.GetTerms().front();
+  if (term.coefficient != 1) return std::nullopt;
+  return ShiftedVariable{term.variable, operand.sum.GetConstant()};
+}
+
 }  // namespace kiv

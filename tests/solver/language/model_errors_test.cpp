@@ -149,11 +149,11 @@ TEST(NameErrors, ANameMeansOneThing) {
 }
 
 TEST(NameErrors, ArraysAreUsedByTheirElements) {
-  EXPECT_EQ(LinesWithVariables("c = 1; c[4] = 1; c[0] = 1; c[x] = 1; x[1] = 1; c[d] = 1;"),
+  EXPECT_EQ(LinesWithVariables("c = 1; c[4] = 1; c[0] = 1; c[t] = 1; x[1] = 1; c[d] = 1;"),
             "m.kiv:2:1: error: 'c' is an array with indices 1..3; write 'c[...]'\n"
             "m.kiv:2:10: error: the index 4 of 'c' is outside 1..3\n"
             "m.kiv:2:20: error: the index 0 of 'c' is outside 1..3\n"
-            "m.kiv:2:30: error: an index must be made of numbers, parameters and loop variables\n"
+            "m.kiv:2:30: error: an index is an integer, not 'bool'\n"
             "m.kiv:2:38: error: 'x' is no array\n"
             "m.kiv:2:50: error: unknown name 'd'\n");
 }
