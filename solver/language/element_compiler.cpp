@@ -84,7 +84,13 @@ std::optional<Operand> PostElementOfConstants(const std::vector<Operand>& elemen
 std::optional<Operand> PostElementOfVariables(const std::vector<Operand>& elements,
                                               const Index& index, SourceRange range,
                                               NetworkBuilder& builder) {
-  const auto value = builder.AddVariable(builder.GetKind(elements.front()), range);
+  ValueWidth width{kEmptyHull, 0};
+  for (const Operand& element : elements) {
+    const ValueWidth next = builder.GetWidths().Of(element);
+    width = {Union(width.hull, next.hull),
+             std::min(width.count + next.count, ValueWidth::kMostCounted)};
+  }
+  const auto value = builder.AddResult(builder.GetKind(elements.front()), width, range);
   auto arguments = builder.GetVariables(elements);
   if (!value || !arguments) return std::nullopt;
   arguments->insert(arguments->begin(), {index.variable, *value});

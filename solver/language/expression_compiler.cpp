@@ -117,17 +117,12 @@ std::optional<Operand> ExpressionCompiler::CompileChain(const Chain& chain, Sour
     if (auto operand = Compile(chain.operands[i])) operands.push_back(*std::move(operand));
   }
   if (operands.size() != chain.operands.size()) return std::nullopt;
-  if (precedence == Precedence::kConjunction || precedence == Precedence::kDisjunction) {
+  if (IsConnective(precedence) && precedence != Precedence::kExclusiveOr) {
     return operators_.ApplyConnective(chain.operators.front(), std::move(operands), range);
   }
-
-  const bool from_right = precedence == Precedence::kImplication;
-  const std::size_t count = chain.operators.size();
-  std::optional<Operand> value = std::move(from_right ? operands.back() : operands.front());
-  for (std::size_t i = 0; i < count && value; ++i) {
-    const Word& symbol = chain.operators[from_right ? count - 1 - i : i];
-    value = from_right ? operators_.ApplyBinary(symbol, operands[count - 1 - i], *value)
-                       : operators_.ApplyBinary(symbol, *std::move(value), operands[i + 1]);
+  std::optional<Operand> value = std::move(operands.front());
+  for (std::size_t i = 0; i < chain.operators.size() && value; ++i) {
+    value = operators_.ApplyBinary(chain.operators[i], *std::move(value), operands[i + 1]);
   }
   return value;
 }

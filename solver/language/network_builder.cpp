@@ -16,7 +16,8 @@ NetworkBuilder::NetworkBuilder(CompiledModel& model, const Vocabulary& vocabular
       vocabulary_(vocabulary),
       budget_(budget),
       diagnostics_(diagnostics),
-      constant_kind_(*vocabulary.FindKind("int")) {
+      constant_kind_(*vocabulary.FindKind("int")),
+      widths_(model.GetNetwork()) {
   for (const KivOmbiObjectDescriptor* kind : vocabulary.GetKinds()) {
     if (KivOmbiInteger::sDescriptor->IsMatched(kind) != 0) integer_kinds_.push_back(kind);
   }
@@ -52,10 +53,39 @@ std::optional<NetworkBuilder::VariableId> NetworkBuilder::AddInteger(const Decla
   return variable;
 }
 
+std::optional<NetworkBuilder::VariableId> NetworkBuilder::AddResult(
+    const KivOmbiObjectDescriptor& kind, const ValueWidth& width, SourceRange range) {
+  const auto variable = AddVariable(ChooseKind(kind, width), range);
+  if (variable) widths_.Note(*variable, width);
+  return variable;
+}
+
+const KivOmbiObjectDescriptor& NetworkBuilder::ChooseKind(const KivOmbiObjectDescriptor& kind,
+                                                          const ValueWidth& width) const {
+  // Few values fit a kind that lists them, however far apart they are.
+  constexpr std::uint64_t kFew = 1024;
+  const Hull& hull = width.hull;
+  const bool is_open = hull.lower <= -Hull::kUnbounded || hull.upper >= Hull::kUnbounded;
+  if (width.count <= kFew || is_open || hull.IsEmpty()) return kind;
+  const auto clamp = [](std::int64_t bound) {
+    return static_cast<std::int32_t>(std::clamp(bound, kLeastInteger, kGreatestInteger));
+  };
+  const auto domain = DeclaredDomain::FromInterval(clamp(hull.lower), clamp(hull.upper));
+  const auto holds = [&domain](const KivOmbiObjectDescriptor& candidate) {
+    return domain.JudgeKind(candidate) == DeclaredDomain::Fit::kExact;
+  };
+  if (holds(kind)) return kind;
+  const auto found = std::ranges::find_if(
+      integer_kinds_, [&](const KivOmbiObjectDescriptor* candidate) { return holds(*candidate); });
+  return found != integer_kinds_.end() ? **found : kind;
+}
+
 std::optional<NetworkBuilder::VariableId> NetworkBuilder::GetVariable(const Operand& operand) {
   if (operand.constant) return GetInteger(*operand.constant, operand.range);
   if (operand.kind == nullptr) return operand.variable;
-  const auto variable = AddVariable(*operand.kind, operand.range);
+  const auto variable = operand.IsSum()
+                            ? AddResult(*operand.kind, widths_.Of(operand), operand.range)
+                            : AddVariable(*operand.kind, operand.range);
   if (!variable) return std::nullopt;
   const bool posted = operand.IsSum()
                           ? PostSum(operand.sum, LinearRelation::kEqual,

@@ -14,6 +14,7 @@
 #include "solver/language/diagnostics.h"
 #include "solver/language/expansion_budget.h"
 #include "solver/language/operand.h"
+#include "solver/language/value_widths.h"
 #include "solver/language/vocabulary.h"
 
 namespace kiv {
@@ -40,6 +41,13 @@ class KIV_EXPORT NetworkBuilder {
   // A new integer that has at least these values: of a kind that holds them and can lose any of
   // them, if there is one, else of one that holds them, else of one that holds their bounds.
   std::optional<VariableId> AddInteger(const DeclaredDomain& domain, SourceRange range);
+  // A new variable for the value of an expression of this width, Any: of the kind `kind` unless
+  // the values may be more than that holds, then of a kind that holds the bounds.
+  std::optional<VariableId> AddResult(const KivOmbiObjectDescriptor& kind, const ValueWidth& width,
+                                      SourceRange range);
+  const KivOmbiObjectDescriptor& ChooseKind(const KivOmbiObjectDescriptor& kind,
+                                            const ValueWidth& width) const;
+  const ValueWidths& GetWidths() const noexcept { return widths_; }
   // The variable that holds the operand: for a constant, a fixed one that all its uses share, for a
   // sum or formula a new one.
   std::optional<VariableId> GetVariable(const Operand& operand);
@@ -88,6 +96,7 @@ class KIV_EXPORT NetworkBuilder {
   const KivOmbiObjectDescriptor& constant_kind_;
   // Those of integers, those that keep inner values first.
   std::vector<const KivOmbiObjectDescriptor*> integer_kinds_;
+  ValueWidths widths_;
   std::unordered_map<std::int32_t, VariableId> fixed_integers_;
   std::optional<VariableId> fixed_truths_[2];
 };

@@ -1,10 +1,12 @@
 #include "solver/language/operator_compiler.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string_view>
 #include <utility>
 
+#include "framework/abstract_types/integer.h"
 #include "solver/constraints/boolean_count.h"
 #include "solver/constraints/extremum.h"
 #include "solver/language/constant_folding.h"
@@ -72,7 +74,7 @@ std::optional<Operand> OperatorCompiler::ApplyUnary(const Word& symbol, const Op
     return sum.Scale(-1) ? MakeSum(std::move(sum), *row->GetResult(), range)
                          : ReportOverflow(range);
   }
-  return Post(*row, operand, nullptr, range);
+  return Post(*row, symbol, operand, nullptr, range);
 }
 
 std::optional<Operand> OperatorCompiler::ApplyBinary(const Word& symbol, Operand left,
@@ -101,16 +103,11 @@ std::optional<Operand> OperatorCompiler::ApplyBinary(const Word& symbol, Operand
     }
     if (FindRelation(symbol.text)) return ApplyQuestion(*row, symbol, left, right);
   }
-  if (symbol.text == "=>") {
-    const auto premise = Negate(left, left.range, builder_);
-    if (!premise) return std::nullopt;
-    return Connect(Junction::kAny, {*premise, right}, *row->GetResult(), range, builder_);
-  }
   const bool constant_truth = builder_.GetConstantTruth(left) || builder_.GetConstantTruth(right);
   if (constant_truth && FoldConnective(symbol.text, true, true)) {
     return ApplyToConstantTruth(symbol, left, right);
   }
-  return Post(*row, left, &right, range);
+  return Post(*row, symbol, left, &right, range);
 }
 
 std::optional<Operand> OperatorCompiler::ApplyConnective(const Word& symbol,
@@ -118,13 +115,21 @@ std::optional<Operand> OperatorCompiler::ApplyConnective(const Word& symbol,
                                                          SourceRange range) {
   const auto which = symbol.text == "and" ? Junction::kAll : Junction::kAny;
   if (operands.empty()) return builder_.GetTruth(which == Junction::kAll, range);
-  const Row* row = nullptr;
-  for (std::size_t i = 0; i < operands.size(); ++i) {
-    if (operands.size() > 1 && i + 1 == operands.size()) break;
-    row = FindRow(symbol, {&operands[i], &operands[operands.size() > 1 ? i + 1 : i]});
+  const KivOmbiObjectDescriptor* kind = nullptr;
+  for (std::size_t i = 0; i == 0 || i + 1 < operands.size(); ++i) {
+    const Row* row =
+        FindRow(symbol, {&operands[i], &operands[std::min(i + 1, operands.size() - 1)]});
     if (row == nullptr) return std::nullopt;
+    kind = row->GetResult();
   }
-  return Connect(which, std::move(operands), *row->GetResult(), range, builder_);
+  // a => b => c is not a, or not b, or c.
+  const std::size_t premises = symbol.text == "=>" ? operands.size() - 1 : 0;
+  for (std::size_t i = 0; i < premises; ++i) {
+    auto negation = Negate(operands[i], operands[i].range, builder_);
+    if (!negation) return std::nullopt;
+    operands[i] = *std::move(negation);
+  }
+  return Connect(which, std::move(operands), *kind, range, builder_);
 }
 
 std::optional<Operand> OperatorCompiler::ApplyExtremum(const Word& symbol,
@@ -144,12 +149,15 @@ std::optional<Operand> OperatorCompiler::ApplyExtremum(const Word& symbol,
   if (parts.size() <= 2) return ApplyBinary(symbol, parts.front(), parts.back());
 
   Operand value = parts.front();
+  ValueWidth width = builder_.GetWidths().Of(value);
   for (std::size_t i = 1; i < parts.size(); ++i) {
     const Row* row = FindRow(symbol, {&value, &parts[i]});
     if (row == nullptr) return std::nullopt;
     value = MakeSum({}, *row->GetResult(), range);
+    const ValueWidth next = builder_.GetWidths().Of(parts[i]);
+    width = ValueWidths::Apply(symbol.text, width, &next);
   }
-  const auto result = builder_.AddVariable(*value.kind, range);
+  const auto result = builder_.AddResult(*value.kind, width, range);
   auto variables = builder_.GetVariables(parts);
   if (!result || !variables) return std::nullopt;
   variables->insert(variables->begin(), *result);
@@ -335,15 +343,44 @@ bool OperatorCompiler::CheckPropagates(const Row& row, const Word& symbol,
   return false;
 }
 
-std::optional<Operand> OperatorCompiler::Post(const Row& row, const Operand& left,
-                                              const Operand* right, SourceRange range) {
+std::optional<Operand> OperatorCompiler::Post(const Row& row, const Word& symbol,
+                                              const Operand& left, const Operand* right,
+                                              SourceRange range) {
   const auto first = builder_.GetVariable(left);
   const auto second =
       right != nullptr ? builder_.GetVariable(*right) : std::optional(KivOmbNetwork::kNone);
   if (!first || !second) return std::nullopt;
-  const auto result = builder_.AddVariable(*row.GetResult(), range);
-  if (!result || !builder_.PostRow(row, *first, *second, *result, range)) return std::nullopt;
-  return MakeVariable(*result, range);
+  const KivOmbiObjectDescriptor& kind = *row.GetResult();
+  if (KivOmbiInteger::sDescriptor->IsMatched(&kind) == 0) {
+    const auto result = builder_.AddVariable(kind, range);
+    const bool posted = result && builder_.PostRow(row, *first, *second, *result, range);
+    return posted ? std::optional(MakeVariable(*result, range)) : std::nullopt;
+  }
+  const ValueWidths& widths = builder_.GetWidths();
+  const auto right_width = right != nullptr ? std::optional(widths.Of(*right)) : std::nullopt;
+  const ValueWidth width =
+      ValueWidths::Apply(symbol.text, widths.Of(left), right_width ? &*right_width : nullptr);
+  const Row& chosen = ChooseRow(row, builder_.ChooseKind(kind, width));
+  const auto result = &chosen == &row ? builder_.AddVariable(kind, range)
+                                      : builder_.AddResult(*chosen.GetResult(), width, range);
+  const bool posted = result && builder_.PostRow(chosen, *first, *second, *result, range);
+  return posted ? std::optional(MakeVariable(*result, range)) : std::nullopt;
+}
+
+// A row for all kinds with that result, if it has one.
+const KivOmbiCompoundObjectDescriptor& OperatorCompiler::ChooseRow(
+    const Row& row, const KivOmbiObjectDescriptor& result) const {
+  if (&result == row.GetResult()) return row;
+  const auto& operators = builder_.GetVocabulary().GetOperators();
+  for (const Row* candidate : operators.FindRows(row.GetSymbol(), row.GetOperandCount())) {
+    bool takes_all =
+        candidate->GetResult() == &result && candidate->GetConstraint()->CanPropagate();
+    for (unsigned i = 0; i < row.GetOperandCount(); ++i) {
+      takes_all &= candidate->GetOperand(i) == KivOmbiInteger::sDescriptor;
+    }
+    if (takes_all) return *candidate;
+  }
+  return row;
 }
 
 std::optional<Operand> OperatorCompiler::ReportOverflow(SourceRange range) {

@@ -26,7 +26,8 @@ class KIV_EXPORT OperatorCompiler {
   std::optional<Operand> ApplyUnary(const Word& symbol, const Operand& operand, SourceRange range);
   // `left symbol right`. The value of a relation, which is posted, is its right operand.
   std::optional<Operand> ApplyBinary(const Word& symbol, Operand left, const Operand& right);
-  // All operands connected by `symbol`, "and" or "or". No operands at all make its neutral value.
+  // All operands connected by `symbol`, "and", "or" or "=>". Of none, "and" makes true and "or"
+  // false.
   std::optional<Operand> ApplyConnective(const Word& symbol, std::vector<Operand> operands,
                                          SourceRange range);
   // The least ("/\") or greatest ("\/") of at least one operand.
@@ -49,17 +50,19 @@ class KIV_EXPORT OperatorCompiler {
   // A sum, a difference, or a product one of whose factors is constant.
   std::optional<Operand> ApplyLinear(const Row& row, const Word& symbol, Operand left,
                                      const Operand& right);
-  // A connective, or `==`, over booleans, one of which at least is the constant true or false.
+  // `xor`, or `==`, over booleans, one of which at least is the constant true or false.
   std::optional<Operand> ApplyToConstantTruth(const Word& symbol, const Operand& left,
                                               const Operand& right);
   // The row for these operands; null, reported, when there is none or it does not propagate.
   const Row* FindRow(const Word& symbol, const std::vector<const Operand*>& operands);
   bool CheckPropagates(const Row& row, const Word& symbol,
                        const std::vector<const Operand*>& operands);
-  // Posts the row between its operands and, unless it is a relation, a new variable, which is the
-  // result. `right` is null for a unary operator.
-  std::optional<Operand> Post(const Row& row, const Operand& left, const Operand* right,
-                              SourceRange range);
+  // Posts the row between its operands and a new variable, which is the result. `right` is null for
+  // a unary operator. What may have more values than the kind of the row's result holds is posted
+  // by the row for all integers instead.
+  std::optional<Operand> Post(const Row& row, const Word& symbol, const Operand& left,
+                              const Operand* right, SourceRange range);
+  const Row& ChooseRow(const Row& row, const KivOmbiObjectDescriptor& result) const;
   std::optional<Operand> ReportOverflow(SourceRange range);
   std::string DescribeKinds(const std::vector<const Operand*>& operands) const;
 
