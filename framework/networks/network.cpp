@@ -103,12 +103,18 @@ KivOmbNetwork::Outcome KivOmbNetwork::Propagate() {
     // Asked even when nothing has to run, or a search without constraints could not be stopped.
     if (stop_ != nullptr && stop_->load(std::memory_order_relaxed)) return Outcome::kStopped;
     if (queue_.IsEmpty()) break;
-    Run(queue_.Pop());
+    observer_ == nullptr ? Run(queue_.Pop()) : RunObserved(queue_.Pop());
   }
   // An overflow is only told when nothing contradicts: what is contradictory needs no value.
   if (outcome_ == Outcome::kFixpoint && overflow_) Fail(Outcome::kOverflow, overflow_);
   if (outcome_ != Outcome::kFixpoint) ClearQueue();
   return outcome_;
+}
+
+void KivOmbNetwork::RunObserved(ConstraintId id) {
+  observer_->BeforeStep(*this, id, GetArguments(id));
+  Run(id);
+  observer_->AfterStep(*this, id, GetArguments(id));
 }
 
 void KivOmbNetwork::Run(ConstraintId id) {

@@ -12,6 +12,7 @@
 #include "framework/abstract_types/environment.h"
 #include "framework/calculator/network.h"
 #include "framework/networks/network_memory.h"
+#include "framework/networks/observer.h"
 #include "framework/networks/propagation_queue.h"
 #include "framework/networks/trail.h"
 
@@ -56,8 +57,10 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   // constraints concerned. Widening is only for a variable that nothing was concluded from yet.
   template <class Edit>
   void Update(VariableId variable, Edit&& edit) {
+    if (observer_ != nullptr) observer_->BeforeStep(*this, std::nullopt, {&variable, 1});
     edit(*variables_[variable].domain);
     Refresh(variable);
+    if (observer_ != nullptr) observer_->AfterStep(*this, std::nullopt, {&variable, 1});
   }
 
   // Posts the relation of an operator between its operands, as written, and its result, which may
@@ -84,6 +87,8 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   std::optional<ConstraintId> GetCulprit() const noexcept { return culprit_; }
   // While `*stop` is true Propagate returns kStopped; null for never.
   void SetStopFlag(const std::atomic<bool>* stop) noexcept { stop_ = stop; }
+  // From now on `observer` is told of every step; null for nobody, which costs next to nothing.
+  void SetObserver(KivOmbiNetworkObserver* observer) noexcept { observer_ = observer; }
 
   // A constraint whose arguments are all fixed and which they do not satisfy, by its ground truth.
   std::optional<ConstraintId> FindViolated() const;
@@ -93,6 +98,12 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   // Takes back everything that happened since the level was opened.
   void PopLevel();
   std::size_t GetLevel() const noexcept { return trail_.GetLevel(); }
+  // Calls `visit(variable)` once for each variable whose domain was written since the current level
+  // was opened; outside all levels for none. Costs what changed.
+  template <class Visit>
+  void VisitChanged(Visit&& visit) const {
+    trail_.VisitSavedDomains(visit);
+  }
 
   // Sets a variable to (a part of) `value`, a domain of the variable's kind, and propagates.
   // Retract unsets it: what was concluded from it is recomputed from the assertions that remain,
@@ -143,6 +154,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   ConstraintId Adopt(KivOmbiConstraint* object, std::span<const VariableId> arguments);
   KivOmbiObjectEnvironment EnvironmentOf(const Constraint& constraint);
   KivOmbiObject* Construct(const KivOmbiObjectDescriptor& kind);
+  void RunObserved(ConstraintId id);
   void Run(ConstraintId id);
   bool ClaimHolds(ConstraintId id);
   void Fail(Outcome outcome, std::optional<ConstraintId> culprit);
@@ -170,6 +182,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   std::optional<ConstraintId> running_;
   std::int64_t own_events_ = 0;  // that the running constraint caused itself
   const std::atomic<bool>* stop_ = nullptr;
+  KivOmbiNetworkObserver* observer_ = nullptr;
   AssertionId next_assertion_ = 0;
   Statistics statistics_;
 };

@@ -25,6 +25,14 @@ class KIV_EXPORT KivOmbiTrail {
   void SaveEntailment(std::uint32_t constraint);
   // Saves a word of memory that outlives the level. Does nothing outside all levels.
   void SaveWord(std::uint64_t& word);
+  // Calls `visit(number)` for each variable whose domain was saved at the current level.
+  template <class Visit>
+  void VisitSavedDomains(Visit&& visit) const {
+    if (levels_.empty()) return;
+    for (std::size_t i = levels_.back().entries; i < entries_.size(); ++i) {
+      if (entries_[i].is_domain) visit(entries_[i].number);
+    }
+  }
   // Restores the domains of the last level, latest first, and calls `revive(constraint)` for each
   // entailment. Throws std::bad_alloc when a domain finds no memory.
   template <class Revive>

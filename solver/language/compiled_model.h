@@ -13,7 +13,7 @@
 #include "solver/language/goal_kind.h"
 #include "solver/language/shown_item.h"
 #include "solver/language/source_text.h"
-#include "solver/language/strategy_block.h"
+#include "solver/search/strategy.h"
 
 namespace kiv {
 
@@ -45,14 +45,18 @@ class KIV_EXPORT CompiledModel {
   const std::vector<Variable>& GetVariables() const noexcept { return variables_; }
   const Goal& GetGoal() const noexcept { return goal_; }
   // What the model says of the search, in order; nothing when it leaves it to the solver.
-  const std::vector<StrategyBlock>& GetStrategy() const noexcept { return strategy_; }
+  const Strategy& GetStrategy() const noexcept { return strategy_; }
   const SourceText& GetSource() const noexcept { return source_; }
   // The network's variables that were declared, in order.
   std::vector<KivOmbNetwork::VariableId> GetDeclared() const;
   // How the model calls a declared variable of the network: "x" or "q[3]"; empty for any other.
   std::string NameOf(KivOmbNetwork::VariableId variable) const;
 
-  // The expression that a constraint comes from, with its place: "file:line:column: x < y".
+  // The expression that a constraint comes from.
+  SourceRange GetOrigin(KivOmbNetwork::ConstraintId constraint) const {
+    return origins_.at(constraint);
+  }
+  // The same in words, with its place: "file:line:column: x < y".
   std::string Describe(KivOmbNetwork::ConstraintId constraint) const;
 
   // What the network holds now: a line "name = domain" or "name = [domain, domain]" for each
@@ -78,7 +82,7 @@ class KIV_EXPORT CompiledModel {
   KivOmbNetwork network_;
   std::vector<Variable> variables_;
   Goal goal_;
-  std::vector<StrategyBlock> strategy_;
+  Strategy strategy_;
   std::vector<ShownItem> shown_;
   std::vector<SourceRange> origins_;  // by constraint
 };

@@ -1,53 +1,26 @@
 #include "solver/language/goal_compiler.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "framework/abstract_types/integer.h"
 #include "solver/language/list_compiler.h"
 #include "solver/language/near_name.h"
+#include "solver/search/strategy_names.h"
 
 namespace kiv {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, VariableChoice>, 9> kVariableChoices = {
-    {{"input_order", VariableChoice::kInputOrder},
-     {"first_fail", VariableChoice::kFirstFail},
-     {"anti_first_fail", VariableChoice::kAntiFirstFail},
-     {"smallest", VariableChoice::kSmallest},
-     {"largest", VariableChoice::kLargest},
-     {"most_constrained", VariableChoice::kMostConstrained},
-     {"max_regret", VariableChoice::kMaxRegret},
-     {"dom_w_deg", VariableChoice::kDomWDeg},
-     {"activity", VariableChoice::kActivity}}};
-
-constexpr std::array<std::pair<std::string_view, ValueChoice>, 6> kValueChoices = {
-    {{"smallest", ValueChoice::kSmallest},
-     {"greatest", ValueChoice::kGreatest},
-     {"lower_half", ValueChoice::kLowerHalf},
-     {"upper_half", ValueChoice::kUpperHalf},
-     {"middle", ValueChoice::kMiddle},
-     {"random", ValueChoice::kRandom}}};
-
-template <class Choice, std::size_t kCount>
-std::optional<Choice> FindChoice(
-    const Word& name, const std::array<std::pair<std::string_view, Choice>, kCount>& choices,
-    const std::string& what, Diagnostics& diagnostics) {
-  std::vector<std::string> names;
-  for (const auto& [known, choice] : choices) {
-    if (name.text == known) return choice;
-    names.emplace_back(known);
-  }
+// Reports a word that names no choice of a strategy.
+void ReportChoice(const Word& name, const std::string& what, const std::vector<std::string>& names,
+                  Diagnostics& diagnostics) {
   diagnostics.Add(
       name.range,
       "unknown choice of " + what + " '" + name.text + '\'' + SuggestNearName(name.text, names),
       {"choices of " + what + ": " + ListNames(names)});
-  return std::nullopt;
 }
 
 }  // namespace
@@ -75,12 +48,16 @@ void GoalCompiler::CompileGoal(const Goal& goal) {
 void GoalCompiler::CompileBranch(const BranchStatement& branch) {
   StrategyBlock block;
   const auto operands = CompileList(branch.variables, expressions_);
-  const auto variable_choice =
-      FindChoice(branch.variable_choice, kVariableChoices, "variables", diagnostics_);
+  const auto variable_choice = FindVariableChoice(branch.variable_choice.text);
+  if (!variable_choice) {
+    ReportChoice(branch.variable_choice, "variables", GetVariableChoiceNames(), diagnostics_);
+  }
   const bool has_value_choice = !branch.value_choice.text.empty();
   const auto value_choice =
-      has_value_choice ? FindChoice(branch.value_choice, kValueChoices, "values", diagnostics_)
-                       : ValueChoice::kSmallest;
+      has_value_choice ? FindValueChoice(branch.value_choice.text) : ValueChoice::kSmallest;
+  if (!value_choice) {
+    ReportChoice(branch.value_choice, "values", GetValueChoiceNames(), diagnostics_);
+  }
   if (!operands || !variable_choice || !value_choice) return;
   for (const Operand& operand : *operands) {
     if (operand.constant) {

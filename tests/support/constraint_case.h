@@ -35,6 +35,9 @@ struct ConstraintCase {
   // tries for them: search must neither leave one open nor end with an overflow. Otherwise it may,
   // and values beyond those that enumeration tries are judged by `holds` alone.
   bool determines = false;
+  // Whether to propagate while nothing is known of any variable. Several constraints can go on for
+  // all integers then, from one bound to the next.
+  bool propagates_unknown = true;
 };
 
 // Puts the constraint under brute force; `seed` drives the random choices, and a failure shows it

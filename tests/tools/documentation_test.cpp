@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -131,6 +133,49 @@ TEST_F(Documentation, EachCommandOfTheDomainCalculatorGivesWhatItShows) {
     EXPECT_EQ(result.exit_code, fails ? 2 : 0);
   }
 }
+
+// What a run takes changes with the ways of propagation; the pages show it as it once was.
+std::string WithoutCosts(const std::string& text) {
+  static const std::regex cost(
+      "(\"?(nodes|failures|restarts|nogoods|propagations|peak_depth|seconds)\"?)[: ]+[0-9.]+");
+  return std::regex_replace(text, cost, "$1");
+}
+
+// The shell commands of a page, each followed by what it writes to standard output, to standard
+// error, or to both.
+class ShellPages : public testing::TestWithParam<const char*> {};
+
+TEST_P(ShellPages, ShowWhatTheirCommandsGive) {
+  const std::string path = std::getenv("PATH");
+  setenv("PATH", (std::filesystem::path(KIV_COMMAND).parent_path().string() + ':' + path).c_str(),
+         1);
+  CommandSettings settings;
+  settings.program = "/bin/bash";
+  settings.folder = KIV_SOURCE_DIR;
+  const std::vector<Block> blocks = ReadBlocks(GetParam());
+  int examples = 0;
+  for (std::size_t i = 0; i < blocks.size(); ++examples) {
+    SCOPED_TRACE(std::string(GetParam()) + ':' + std::to_string(blocks[i].line));
+    ASSERT_EQ(blocks[i].tag, "sh");
+    const CommandResult result = RunKiv({"-c", blocks[i].text}, settings);
+    std::string output, errors;
+    bool shows_errors = false;
+    for (++i; i < blocks.size() && blocks[i].tag != "sh"; ++i) {
+      ASSERT_TRUE(blocks[i].tag == "output" || blocks[i].tag == "error") << blocks[i].tag;
+      shows_errors |= blocks[i].tag == "error";
+      (blocks[i].tag == "error" ? errors : output) += blocks[i].text;
+    }
+    EXPECT_EQ(WithoutCosts(result.output), WithoutCosts(output));
+    if (shows_errors || result.exit_code != 0) {
+      EXPECT_EQ(WithoutCosts(result.errors), WithoutCosts(errors));
+    }
+  }
+  EXPECT_GE(examples, 3) << "the page lost its examples, or the test no longer finds them";
+  setenv("PATH", path.c_str(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Documentation, ShellPages,
+                         testing::Values("docs/command.md", "docs/json_output.md"));
 
 }  // namespace
 }  // namespace kiv::test

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -25,7 +26,14 @@ struct Pipe {
   int read = -1;
   int write = -1;
 
-  Pipe() {
+  // A pseudo terminal is a pipe, too, whose end for writing is a terminal.
+  explicit Pipe(bool terminal = false) {
+    if (terminal) {
+      Check(openpty(&read, &write, nullptr, nullptr, nullptr), "openpty");
+      Check(fcntl(read, F_SETFD, FD_CLOEXEC), "fcntl");
+      Check(fcntl(write, F_SETFD, FD_CLOEXEC), "fcntl");
+      return;
+    }
     std::array<int, 2> ends;
     Check(pipe2(ends.data(), O_CLOEXEC), "pipe");
     read = ends[0];
@@ -47,11 +55,11 @@ struct Pipe {
   }
 };
 
-[[noreturn]] void BecomeKiv(const std::vector<std::string>& arguments,
-                            const CommandSettings& settings, int in, int out, int err) {
+[[noreturn]] void BecomeProgram(const std::vector<std::string>& arguments,
+                                const CommandSettings& settings, int in, int out, int err) {
   // A run that does not end fails its test instead of filling the memory.
   alarm(20);
-  std::string program = KIV_COMMAND;
+  std::string program = settings.program.empty() ? KIV_COMMAND : settings.program;
   std::vector<char*> list = {program.data()};
   for (const std::string& argument : arguments) list.push_back(const_cast<char*>(argument.c_str()));
   list.push_back(nullptr);
@@ -68,12 +76,12 @@ struct Pipe {
 
 CommandResult RunKiv(const std::vector<std::string>& arguments, const CommandSettings& settings) {
   std::signal(SIGPIPE, SIG_IGN);
-  Pipe in, out, err;
+  Pipe in, out, err(settings.terminal);
   const pid_t child = Check(fork(), "fork");
   if (child == 0) {
     std::signal(SIGPIPE, SIG_DFL);
     out.CloseRead();
-    BecomeKiv(arguments, settings, in.read, out.write, err.write);
+    BecomeProgram(arguments, settings, in.read, out.write, err.write);
   }
   in.CloseRead();
   out.CloseWrite();
@@ -115,6 +123,20 @@ CommandResult RunKiv(const std::vector<std::string>& arguments, const CommandSet
   Check(waitpid(child, &status, 0), "waitpid");
   result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
   return result;
+}
+
+CommandResult RunKivOn(const std::string& model, std::vector<std::string> arguments) {
+  CommandSettings settings;
+  settings.input = model;
+  arguments.push_back("-");
+  return RunKiv(arguments, settings);
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
 }
 
 std::string ReadSourceFile(const std::string& path) {

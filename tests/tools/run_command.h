@@ -19,12 +19,20 @@ struct CommandSettings {
   std::string folder = ".";   // the working directory
   int stop_signal = 0;        // sent as soon as the first output has arrived
   bool close_output = false;  // nobody reads standard output
+  bool terminal = false;      // standard error is a terminal
+  std::string program;        // run instead of `kiv`, when it is not empty
 };
 
 // Runs the built `kiv` with these arguments and waits for its end. Throws std::system_error when it
 // cannot be started.
 CommandResult RunKiv(const std::vector<std::string>& arguments,
                      const CommandSettings& settings = {});
+
+// Runs `kiv` with these arguments and behind them "-" for `model` on standard input.
+CommandResult RunKivOn(const std::string& model, std::vector<std::string> arguments);
+
+// The lines of a text, without their ends.
+std::vector<std::string> Lines(const std::string& text);
 
 // The text of a file of the source tree.
 std::string ReadSourceFile(const std::string& path);

@@ -11,8 +11,10 @@ namespace kiv {
 // the process shall end. The arguments must outlive the parsing of the command line.
 void AddSolveCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
 void AddPropagateCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
+void AddCheckCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
 void AddOperatorsCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
 void AddKindsCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
 void AddDomainCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result);
+void AddCompletionCommand(CLI::App& app, ExitCode& result);
 
 }  // namespace kiv

@@ -1,29 +1,19 @@
 #include <iostream>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
-#include "framework/abstract_types/boolean.h"
-#include "framework/abstract_types/integer.h"
 #include "tools/kiv/commands.h"
 #include "tools/kiv/domain_call.h"
+#include "tools/kiv/domain_json.h"
 
 namespace kiv {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 struct DomainOptions {
   std::string statement;
   bool json = false;
 };
-
-std::string TextOf(const KivOmbiAny& domain) {
-  Kivostrstream out;
-  domain.PrintOn(out);
-  return out.Str();
-}
 
 void PrintText(const std::vector<DomainCall>& calls) {
   for (const DomainCall& call : calls) {
@@ -36,34 +26,6 @@ void PrintText(const std::vector<DomainCall>& calls) {
   }
 }
 
-Json ValuesOf(const KivOmbiInteger& domain) {
-  Json values = Json::array();
-  std::int32_t v = domain.GetLowerBound();
-  for (std::uint32_t i = domain.GetCardinality(); i > 0; --i) {
-    values.push_back(v);
-    if (i > 1) v = domain.GetNextExactValue(v);
-  }
-  return values;
-}
-
-Json DescribeDomain(const DomainValue& value, const KivOmbiAny& domain) {
-  // Longer lists of values are not written out; the bounds tell the interval.
-  constexpr std::uint32_t kMostValues = 1024;
-
-  const char* state = domain.IsNil() ? "nil" : domain.IsUndefined() ? "any" : "values";
-  Json json = {{"kind", value.kind->GetName()}, {"state", state}, {"text", TextOf(domain)}};
-  if (domain.IsNil() || domain.IsUndefined()) return json;
-  if (const auto* integer = KivCast<KivOmbiInteger>(&domain)) {
-    json["lower"] = integer->GetLowerBound();
-    json["upper"] = integer->GetUpperBound();
-    json["cardinality"] = integer->GetCardinality();
-    if (integer->GetCardinality() <= kMostValues) json["values"] = ValuesOf(*integer);
-  } else if (const auto* boolean = KivCast<KivOmbiBoolean>(&domain)) {
-    json["values"] = Json::array({boolean->CanBe(true) != 0});
-  }
-  return json;
-}
-
 void PrintJson(const DomainStatement& statement, const std::vector<DomainCall>& calls) {
   Json operations = Json::array();
   for (const DomainCall& call : calls) {
@@ -72,8 +34,8 @@ void PrintJson(const DomainStatement& statement, const std::vector<DomainCall>& 
                           {"arguments", call.arguments},
                           {"target", call.target.name},
                           {"result", call.result},
-                          {"before", DescribeDomain(call.target, *call.before)},
-                          {"after", DescribeDomain(call.target, *call.after)}});
+                          {"before", DescribeDomain(call.target.kind->GetName(), *call.before)},
+                          {"after", DescribeDomain(call.target.kind->GetName(), *call.after)}});
   }
   const Json json = {{"operator", statement.op->symbol}, {"operations", operations}};
   std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';

@@ -30,9 +30,11 @@ int Run(int argc, char** argv) {
   kiv::ExitCode result = kiv::kSolved;
   kiv::AddSolveCommand(app, modules, result);
   kiv::AddPropagateCommand(app, modules, result);
+  kiv::AddCheckCommand(app, modules, result);
   kiv::AddDomainCommand(app, modules, result);
   kiv::AddOperatorsCommand(app, modules, result);
   kiv::AddKindsCommand(app, modules, result);
+  kiv::AddCompletionCommand(app, result);
 
   try {
     app.parse(argc, argv);

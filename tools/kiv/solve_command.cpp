@@ -1,143 +1,95 @@
-#include <atomic>
+#include <chrono>
 #include <cstdint>
-#include <iostream>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <set>
-#include <string>
+#include <utility>
 
-#include "solver/search/bisection_search.h"
+#include "solver/search/tree_search.h"
 #include "tools/kiv/commands.h"
-#include "tools/kiv/output.h"
+#include "tools/kiv/json_output.h"
+#include "tools/kiv/progress_line.h"
+#include "tools/kiv/solution_output.h"
+#include "tools/kiv/solve_options.h"
+#include "tools/kiv/statistics_output.h"
 #include "tools/kiv/stop_signal.h"
 
 namespace kiv {
 namespace {
 
-constexpr std::uint64_t kNoLimit = std::numeric_limits<std::uint64_t>::max();
+using Clock = std::chrono::steady_clock;
 
-struct SolveOptions {
-  ModelOptions model;
-  bool all = false;
-  std::optional<std::uint64_t> limit;
-
-  // How many solutions are asked for; without a word on the command line the model decides.
-  std::uint64_t GetLimit(GoalKind goal) const {
-    if (limit) return *limit;
-    return all || goal != GoalKind::kSatisfy ? kNoLimit : 1;
-  }
-};
-
-// Prints what a search finds and keeps count.
-class SolutionPrinter {
+// One run of the command on its model.
+class SolveRun {
  public:
-  SolutionPrinter(const CompiledModel& model, std::uint64_t limit) : model_(model), limit_(limit) {}
+  SolveRun(const SolveOptions& options, CompiledModel& model)
+      : options_(options), model_(model), wanted_(options.CountWanted(model.GetGoal().kind)) {}
 
-  // False when enough was printed.
-  bool Print(const SearchLeaf& leaf) {
-    if (!Improves(leaf)) return true;
-    model_.PrintSolutionOn(std::cout);
-    std::cout << (leaf.complete ? "----------\n" : "~~~~~~~~~~\n");
-    FlushOutput();
-    if (leaf.complete) {
-      ++solutions_;
-    } else {
-      ++possibilities_;
-      NoteUnknowns();
+  ExitCode Run() {
+    SearchOptions search = options_.MakeSearch(model_);
+    if (ProgressLine::IsPossible() && !options_.quiet && !options_.trace.UsesStandardError()) {
+      search.on_progress = [this](const SearchProgress& progress) { progress_.Show(progress); };
+      search.progress_interval = 100;
     }
-    return !IsComplete();
-  }
+    Trace trace(options_.trace, model_);
+    model_.GetNetwork().SetStopFlag(&CatchStopSignals());
 
-  // Whether as much was printed as was asked for.
-  bool IsComplete() const { return solutions_ + possibilities_ >= limit_; }
-
-  // Tells on standard error what was found, and how to end.
-  ExitCode Summarize(const SearchResult& result) const {
-    if (result.end == SearchEnd::kViolated) {
-      std::cerr << "internal error: a solution violates " << DescribeCulprit(result) << '\n';
-      return kFailure;
-    }
-    const bool overflow = result.end == SearchEnd::kOverflow;
-    if (overflow) {
-      std::cerr << "overflow: beyond the range of integers at " << DescribeCulprit(result) << '\n';
-    }
-    if (solutions_ > 0) {
-      const bool is_optimal = best_ && !overflow && result.end == SearchEnd::kExhausted;
-      std::cerr << Count(solutions_, "solution") << (is_optimal ? ", the last is optimal\n" : "\n");
-    }
-    if (possibilities_ > 0) {
-      std::cerr << possibilities_ << (possibilities_ == 1 ? " possibility" : " possibilities")
-                << " left unknown: " << DescribeUnknowns() << '\n';
-    }
-    if (overflow) return kUnknown;
-    if (solutions_ > 0) return kSolved;
-    if (possibilities_ > 0) return kUnknown;
-    std::cerr << "no solution\n";
-    return kNoSolution;
-  }
-
-  ExitCode SummarizeInterruption() const {
-    std::cerr << "interrupted; " << Count(solutions_, "solution") << " so far\n";
-    return kInterrupted;
+    const Clock::time_point start = Clock::now();
+    const SearchResult result =
+        TreeSearch(model_.GetNetwork(), std::move(search)).Run([this](const SearchLeaf& leaf) {
+          return Tell(leaf);
+        });
+    SolveOutcome outcome = JudgeOutcome(result, model_.GetGoal(), IsEnough());
+    outcome.time = Clock::now() - start;
+    for (const auto variable : unknowns_) outcome.unknowns.push_back(model_.NameOf(variable));
+    progress_.Clear();
+    trace.Finish();
+    Conclude(outcome);
+    return outcome.exit_code;
   }
 
  private:
-  // Whether a leaf is to be printed: of solutions with an objective only one that is better than
-  // those before.
-  bool Improves(const SearchLeaf& leaf) {
-    const CompiledModel::Goal& goal = model_.GetGoal();
-    if (goal.objective == KivOmbNetwork::kNone || !leaf.complete) return true;
-    const std::int64_t value = model_.GetNetwork().GetSummary(goal.objective).lower;
-    const bool least = goal.kind == GoalKind::kMinimize;
-    if (best_ && (least ? value >= *best_ : value <= *best_)) return false;
-    best_ = value;
-    return true;
+  // Whether as much was found as was asked for.
+  bool IsEnough() const { return wanted_ && solutions_ + possibilities_ >= *wanted_; }
+
+  bool Tell(const SearchLeaf& leaf) {
+    progress_.Clear();
+    const std::uint64_t number = ++(leaf.complete ? solutions_ : possibilities_);
+    options_.json ? PrintLeafJson(model_, leaf, number) : PrintLeaf(model_, leaf);
+    if (!leaf.complete) NoteUnknowns();
+    return !IsEnough();
   }
 
   void NoteUnknowns() {
-    const KivOmbNetwork& network = model_.GetNetwork();
     for (const KivOmbNetwork::VariableId variable : model_.GetDeclared()) {
-      if (!network.GetSummary(variable).IsFixed()) unknowns_.insert(variable);
+      if (!model_.GetNetwork().GetSummary(variable).IsFixed()) unknowns_.insert(variable);
     }
   }
 
-  std::string DescribeUnknowns() const {
-    if (unknowns_.empty()) return "the value of an expression stays Any";
-    std::string names;
-    for (const KivOmbNetwork::VariableId variable : unknowns_) {
-      if (!names.empty()) names += ", ";
-      names += model_.NameOf(variable);
+  void Conclude(const SolveOutcome& outcome) const {
+    if (options_.json) {
+      PrintOutcomeJson(model_, outcome);
+    } else {
+      PrintEnd(outcome);
     }
-    return names + (unknowns_.size() == 1 ? " stays Any" : " stay Any");
+    PrintMishap(model_, outcome);
+    if (!options_.json && !options_.quiet) PrintCounts(outcome);
+    if (options_.statistics) PrintStatistics(model_, outcome);
   }
 
-  std::string DescribeCulprit(const SearchResult& result) const {
-    return result.culprit ? model_.Describe(*result.culprit) : "an unknown place";
-  }
-
-  const CompiledModel& model_;
-  std::uint64_t limit_;
+  const SolveOptions& options_;
+  CompiledModel& model_;
+  std::optional<std::uint64_t> wanted_;
   std::uint64_t solutions_ = 0;
   std::uint64_t possibilities_ = 0;
-  std::optional<std::int64_t> best_;              // the objective of the last solution printed
   std::set<KivOmbNetwork::VariableId> unknowns_;  // declared variables that stayed Any
+  ProgressLine progress_;
 };
 
 ExitCode Solve(const SolveOptions& options, const ModuleOptions& modules) {
   const LoadedModel loaded = LoadModel(options.model, modules);
   if (loaded.model == nullptr) return kBadInput;
-  CompiledModel& model = *loaded.model;
-
-  model.GetNetwork().SetStopFlag(&CatchStopSignals());
-  SolutionPrinter printer(model, options.GetLimit(model.GetGoal().kind));
-  BisectionSearch search(model.GetNetwork(), model.GetDeclared());
-  const SearchResult result =
-      search.Run([&printer](const SearchLeaf& leaf) { return printer.Print(leaf); });
-  if (result.end == SearchEnd::kStopped && !printer.IsComplete()) {
-    return printer.SummarizeInterruption();
-  }
-  return printer.Summarize(result);
+  return SolveRun(options, *loaded.model).Run();
 }
 
 }  // namespace
@@ -145,21 +97,20 @@ ExitCode Solve(const SolveOptions& options, const ModuleOptions& modules) {
 void AddSolveCommand(CLI::App& app, const ModuleOptions& modules, ExitCode& result) {
   const auto options = std::make_shared<SolveOptions>();
   CLI::App* command = app.add_subcommand("solve", "Finds solutions of a model");
-  options->model.AddTo(*command);
-  CLI::Option* all = command->add_flag("-a,--all", options->all, "Finds all solutions");
-  command->add_option("-n,--solutions", options->limit, "Finds at most so many solutions")
-      ->type_name("N")
-      ->check(CLI::PositiveNumber)
-      ->excludes(all);
+  options->AddTo(*command);
   command->footer(
       "Prints each solution as lines 'name = value', or as the model shows it, followed by a line\n"
       "'----------', and how many there were on standard error. Where the model minimizes or\n"
-      "maximizes, each solution is better than the one before. A possibility in which some\n"
-      "variable stays unknown ends with '~~~~~~~~~~' instead and is no solution.\n"
+      "maximizes, each solution is better than the one before, and '==========' follows the last\n"
+      "when it is proved optimal. A possibility in which some variable stays unknown ends with\n"
+      "'~~~~~~~~~~' instead and is no solution. Ctrl-C ends the search with what was found.\n"
       "Examples:\n"
       "  kiv solve examples/magic_square.kiv\n"
       "  kiv solve --all examples/queens.kiv -D n=6\n"
       "  kiv solve model.kiv --data data.json -D 'w=[3, 1, 2]'\n"
+      "  kiv solve --time-limit 2m --stats model.kiv\n"
+      "  kiv solve --strategy dom_w_deg,lower_half --restarts luby:100 model.kiv\n"
+      "  kiv solve --json examples/queens.kiv\n"
       "  kiv solve -n 3 - < examples/queens.kiv");
   command->callback([options, &modules, &result] { result = Solve(*options, modules); });
 }

@@ -51,7 +51,8 @@ NetworkCase Build(std::vector<PostedRow> rows, std::vector<Declared> variables,
                                     return posted.Holds(values);
                                   });
                                 },
-                            .determines = true};
+                            .determines = true,
+                            .propagates_unknown = false};
   return {std::move(rows), std::move(constraint)};
 }
 

@@ -51,7 +51,7 @@ std::vector<std::string> SolutionsOf(const std::string& text, const CompileOptio
   const auto model = Read(source, options, vocabulary);
   std::vector<std::string> solutions;
   bool complete = true;
-  BisectionSearch search(model->GetNetwork(), model->GetDeclared());
+  TreeSearch search = BisectionSearch(model->GetNetwork(), model->GetDeclared());
   const SearchResult result = search.Run([&](const SearchLeaf& leaf) {
     complete &= leaf.complete;
     solutions.push_back(Print(*model));

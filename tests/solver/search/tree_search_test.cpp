@@ -1,4 +1,4 @@
-#include "solver/search/bisection_search.h"
+#include "solver/search/tree_search.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/all_different.h"
 #include "solver/constraints/linear_posting.h"
+#include "solver/search/bisection_search.h"
 #include "tests/support/enumeration.h"
 #include "tests/support/modules.h"
 
@@ -69,8 +70,8 @@ TEST_F(Search, FindsEverySolutionOnce) {
   PostAllDifferent(variables);
   const SearchResult result = Run(variables);
   EXPECT_EQ(result.end, SearchEnd::kExhausted);
-  EXPECT_EQ(result.solutions, 120u);
-  EXPECT_EQ(result.unknowns, 0u);
+  EXPECT_EQ(result.statistics.solutions, 120u);
+  EXPECT_EQ(result.statistics.unknowns, 0u);
   EXPECT_FALSE(result.culprit);
   EXPECT_EQ(std::set(leaves_.begin(), leaves_.end()).size(), 120u);
   EXPECT_EQ(leaves_.size(), 120u);
@@ -103,7 +104,7 @@ TEST_F(Search, SplitsAnIntervalOverAllIntegers) {
   const auto z = Add("enum int", {-2 * (kMost / 2), 14, 2 * (kMost / 2)});
   const LinearTerm terms[] = {{2, x}, {-1, z}};
   PostLinear(network_, terms, LinearRelation::kEqual, 0);
-  EXPECT_EQ(Run({x}).solutions, 3u);
+  EXPECT_EQ(Run({x}).statistics.solutions, 3u);
   EXPECT_EQ(leaves_, (std::vector<Assignment>{
                          {-(kMost / 2), -2 * (kMost / 2)}, {7, 14}, {kMost / 2, 2 * (kMost / 2)}}));
 }
@@ -147,30 +148,30 @@ TEST_F(Search, ComesBackToVariablesThatWereFixedElsewhere) {
   const auto z = Enum({1, 2, 3});
   PostAllDifferent({x, y});
   const SearchResult result = Run({x, y, z});
-  EXPECT_EQ(result.solutions, 18u);
+  EXPECT_EQ(result.statistics.solutions, 18u);
   EXPECT_EQ(std::set(leaves_.begin(), leaves_.end()).size(), 18u);
 }
 
 TEST_F(Search, ADecisionMayBeNamedTwice) {
   const auto x = Enum({1, 2});
-  EXPECT_EQ(Run({x, x}).solutions, 2u);
+  EXPECT_EQ(Run({x, x}).statistics.solutions, 2u);
 }
 
 TEST_F(Search, CountsNodesAndFailures) {
   Enum({1, 2, 3});
   SearchResult result = Run({0});
-  EXPECT_EQ(result.nodes, 4u);  // { 1, 2 }, 1, 2, 3
-  EXPECT_EQ(result.failures, 0u);
-  EXPECT_EQ(result.solutions, 3u);
+  EXPECT_EQ(result.statistics.nodes, 4u);  // { 1, 2 }, 1, 2, 3
+  EXPECT_EQ(result.statistics.failures, 0u);
+  EXPECT_EQ(result.statistics.solutions, 3u);
 }
 
 TEST_F(Search, CountsAFailureForEachContradiction) {
   PostAllDifferent({Enum({1, 2}), Enum({1, 2}), Enum({1, 2})});
   const SearchResult result = Run({0, 1, 2});
   EXPECT_EQ(result.end, SearchEnd::kExhausted);
-  EXPECT_EQ(result.nodes, 2u);
-  EXPECT_EQ(result.failures, 2u);
-  EXPECT_EQ(result.solutions, 0u);
+  EXPECT_EQ(result.statistics.nodes, 2u);
+  EXPECT_EQ(result.statistics.failures, 2u);
+  EXPECT_EQ(result.statistics.solutions, 0u);
   EXPECT_TRUE(leaves_.empty());
 }
 
@@ -178,16 +179,16 @@ TEST_F(Search, AContradictionAtTheRootIsOneFailure) {
   PostAllDifferent({Enum({1}), Enum({1})});
   const SearchResult result = Run({0, 1});
   EXPECT_EQ(result.end, SearchEnd::kExhausted);
-  EXPECT_EQ(result.nodes, 0u);
-  EXPECT_EQ(result.failures, 1u);
-  EXPECT_EQ(result.solutions, 0u);
+  EXPECT_EQ(result.statistics.nodes, 0u);
+  EXPECT_EQ(result.statistics.failures, 1u);
+  EXPECT_EQ(result.statistics.solutions, 0u);
 }
 
 TEST_F(Search, WithoutVariablesHasTheOneEmptySolution) {
   const SearchResult result = Run({});
   EXPECT_EQ(result.end, SearchEnd::kExhausted);
-  EXPECT_EQ(result.solutions, 1u);
-  EXPECT_EQ(result.nodes, 0u);
+  EXPECT_EQ(result.statistics.solutions, 1u);
+  EXPECT_EQ(result.statistics.nodes, 0u);
   EXPECT_EQ(leaves_, std::vector<Assignment>{{}});
   EXPECT_EQ(complete_, std::vector<bool>{true});
 }
@@ -208,11 +209,11 @@ TEST_F(Search, LeavesTheNetworkAtItsLevel) {
     EXPECT_EQ(network_.GetLevel(), 1u);
     EXPECT_EQ(ValuesOf(network_, x), (Values{2, 3, 4}));
     EXPECT_EQ(ValuesOf(network_, y), (Values{1, 2, 3, 4}));
-    EXPECT_EQ(result.solutions, stop_after == 0 ? 9u : stop_after);
+    EXPECT_EQ(result.statistics.solutions, stop_after == 0 ? 9u : stop_after);
   }
   network_.PopLevel();
   seen_ = stop_after_ = 0;
-  EXPECT_EQ(Run({x, y}).solutions, 12u);
+  EXPECT_EQ(Run({x, y}).statistics.solutions, 12u);
 }
 
 TEST_F(Search, TheStopFlagEndsItWithinANode) {
@@ -226,11 +227,11 @@ TEST_F(Search, TheStopFlagEndsItWithinANode) {
     return true;
   });
   EXPECT_EQ(result.end, SearchEnd::kStopped);
-  EXPECT_GE(result.solutions, 1u);
-  EXPECT_LT(result.solutions, 12u);
+  EXPECT_GE(result.statistics.solutions, 1u);
+  EXPECT_LT(result.statistics.solutions, 12u);
   EXPECT_EQ(network_.GetLevel(), 0u);
   stop = false;
-  EXPECT_EQ(Run({x, y}).solutions, 12u);
+  EXPECT_EQ(Run({x, y}).statistics.solutions, 12u);
 }
 
 TEST_F(Search, TheStopFlagEndsItWhereNothingPropagates) {
@@ -242,7 +243,7 @@ TEST_F(Search, TheStopFlagEndsItWhereNothingPropagates) {
     return ++seen_ < 1000;
   });
   EXPECT_EQ(result.end, SearchEnd::kStopped);
-  EXPECT_EQ(result.solutions, 1u);
+  EXPECT_EQ(result.statistics.solutions, 1u);
 }
 
 TEST_F(Search, AStopBeforeTheStartLeavesNothingHalfDone) {
@@ -251,9 +252,11 @@ TEST_F(Search, AStopBeforeTheStartLeavesNothingHalfDone) {
   network_.SetStopFlag(&stop);
   const SearchResult stopped = Run({0});
   EXPECT_EQ(stopped.end, SearchEnd::kStopped);
-  EXPECT_EQ(stopped.nodes + stopped.solutions + stopped.failures + stopped.unknowns, 0u);
+  EXPECT_EQ(stopped.statistics.nodes + stopped.statistics.solutions + stopped.statistics.failures +
+                stopped.statistics.unknowns,
+            0u);
   stop = false;
-  EXPECT_EQ(Run({0}).solutions, 1u);
+  EXPECT_EQ(Run({0}).statistics.solutions, 1u);
   EXPECT_EQ(leaves_, (std::vector<Assignment>{{2, 1}}));
 }
 
@@ -262,18 +265,18 @@ TEST_F(Search, AnUnknownVariableMakesNoSolution) {
   Enum({});
   const SearchResult result = Run({1, 0});
   EXPECT_EQ(result.end, SearchEnd::kExhausted);
-  EXPECT_EQ(result.solutions, 0u);
-  EXPECT_EQ(result.unknowns, 2u);
+  EXPECT_EQ(result.statistics.solutions, 0u);
+  EXPECT_EQ(result.statistics.unknowns, 2u);
   EXPECT_EQ(complete_, (std::vector<bool>{false, false}));
 }
 
 TEST_F(Search, AVariableWithoutAnUpperBoundIsUnknown) {
   const auto x = Add("interval int", {5, SubIntBase::kMax});
-  EXPECT_EQ(Run({x}).unknowns, 1u);
+  EXPECT_EQ(Run({x}).statistics.unknowns, 1u);
   const auto y = Add("interval int", {SubIntBase::kMin, 5});
   const SearchResult result = Run({x, y});
-  EXPECT_EQ(result.solutions, 0u);
-  EXPECT_EQ(result.unknowns, 1u);
+  EXPECT_EQ(result.statistics.solutions, 0u);
+  EXPECT_EQ(result.statistics.unknowns, 1u);
 }
 
 // The unknown is looked for behind all variables that are fixed.
@@ -283,8 +286,8 @@ TEST_F(Search, AVariableThatBecomesKnownBelowIsSplitThere) {
   const LinearTerm terms[] = {{3, x}, {-1, z}};
   PostLinear(network_, terms, LinearRelation::kEqual, 0);
   const SearchResult result = Run({z, x});
-  EXPECT_EQ(result.solutions, 2000u);
-  EXPECT_EQ(result.unknowns, 0u);
+  EXPECT_EQ(result.statistics.solutions, 2000u);
+  EXPECT_EQ(result.statistics.unknowns, 0u);
 }
 
 TEST_F(Search, AnOverflowNamesItsConstraint) {
@@ -296,7 +299,7 @@ TEST_F(Search, AnOverflowNamesItsConstraint) {
   const SearchResult result = Run({x});
   EXPECT_EQ(result.end, SearchEnd::kOverflow);
   EXPECT_EQ(result.culprit, product);
-  EXPECT_EQ(result.solutions, 1u);
+  EXPECT_EQ(result.statistics.solutions, 1u);
   EXPECT_EQ(leaves_, (std::vector<Assignment>{{1, 1000000}}));
   EXPECT_EQ(network_.GetLevel(), 0u);
   EXPECT_EQ(network_.GetSummary(x).cardinality, 2u);
@@ -310,7 +313,7 @@ TEST_F(Search, AWrongSolutionIsAnErrorThatNamesItsConstraint) {
   const SearchResult result = Run({x, y});
   EXPECT_EQ(result.end, SearchEnd::kViolated);
   EXPECT_EQ(result.culprit, deceiver);
-  EXPECT_EQ(result.solutions, 0u);
+  EXPECT_EQ(result.statistics.solutions, 0u);
   EXPECT_TRUE(leaves_.empty());
   EXPECT_EQ(network_.GetLevel(), 0u);
 }
@@ -322,7 +325,7 @@ TEST_F(Search, ALeafWithAnUnknownIsJudgedByTheGroundTruthToo) {
   const SearchResult result = Run({y});
   EXPECT_EQ(result.end, SearchEnd::kViolated);
   EXPECT_EQ(result.culprit, deceiver);
-  EXPECT_EQ(result.unknowns, 0u);
+  EXPECT_EQ(result.statistics.unknowns, 0u);
 }
 
 // Each node looks at open variables only until one has the fewest values possible: to look at all
@@ -334,8 +337,8 @@ TEST_F(Search, GoesAsDeepAsThereAreVariables) {
   stop_after_ = 1;
   const SearchResult result = Run(variables);
   EXPECT_EQ(result.end, SearchEnd::kStopped);
-  EXPECT_EQ(result.solutions, 1u);
-  EXPECT_EQ(result.nodes, kVariables);
+  EXPECT_EQ(result.statistics.solutions, 1u);
+  EXPECT_EQ(result.statistics.nodes, kVariables);
   EXPECT_EQ(leaves_, std::vector<Assignment>{Assignment(kVariables, 0)});
   EXPECT_EQ(network_.GetLevel(), 0u);
   EXPECT_EQ(network_.GetSummary(variables.back()).cardinality, 2u);

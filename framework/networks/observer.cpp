@@ -1,0 +1,3 @@
+#include "framework/networks/observer.h"
+
+KivOmbiNetworkObserver::~KivOmbiNetworkObserver() = default;

@@ -1,0 +1,179 @@
+#include "solver/search/tree_search.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "solver/search/brancher.h"
+#include "solver/search/branching.h"
+#include "solver/search/nogoods.h"
+
+namespace kiv {
+
+namespace {
+
+using Outcome = KivOmbNetwork::Outcome;
+
+// A search whose nogoods grow beyond it goes on without further restarts.
+constexpr std::size_t kMostNogoodLiterals = std::size_t{1} << 24;
+
+// One run of a search. Each decision of the path, and each of its negations, has a level of the
+// network; below them the root of the search has one for what objective and nogoods conclude there.
+class SearchRun {
+ public:
+  SearchRun(KivOmbNetwork& network, const SearchOptions& options, const LeafReceiver& on_leaf)
+      : network_(network),
+        options_(options),
+        on_leaf_(on_leaf),
+        brancher_(network, options.strategy, options.seed),
+        nogoods_(network),
+        limits_(options.limits),
+        restarts_(options.restarts),
+        restart_at_(restarts_.Next()),
+        constraint_runs_before_(network.GetStatistics().runs) {
+    if (options.objective) bound_.emplace(*options.objective);
+  }
+
+  SearchResult Run() {
+    const std::size_t level = network_.GetLevel();
+    const Outcome outcome = network_.Propagate();
+    if (outcome == Outcome::kFixpoint) network_.PushLevel();
+    root_level_ = network_.GetLevel();
+    result_.end = outcome == Outcome::kStopped ? SearchEnd::kStopped : Explore();
+    TakeBackTo(level);
+    UpdateStatistics();
+    if (bound_) result_.best = bound_->GetBest();
+    return result_;
+  }
+
+ private:
+  SearchEnd Explore() {
+    while (true) {
+      const Outcome outcome = Propagate();
+      brancher_.Learn(network_, outcome);
+      switch (outcome) {
+        case Outcome::kFixpoint:
+          if (const auto decision = brancher_.Decide(network_, first_open_)) {
+            path_.push_back({*decision, false, first_open_});
+          } else {
+            if (const auto end = TellLeaf()) return *end;
+            if (!Backtrack()) return SearchEnd::kExhausted;
+          }
+          break;
+        case Outcome::kContradiction:
+          ++Statistics().failures;
+          if (!Backtrack()) return SearchEnd::kExhausted;
+          if (RestartIsDue()) {
+            Restart();
+            continue;
+          }
+          break;
+        case Outcome::kOverflow:
+          result_.culprit = network_.GetCulprit();
+          return SearchEnd::kOverflow;
+        case Outcome::kStopped:
+          return SearchEnd::kStopped;
+      }
+      if (const auto limit = limits_.FindReached(Statistics())) return *limit;
+      Enter();
+    }
+  }
+
+  // To the common fixpoint of the constraints, the objective's bound and the nogoods.
+  Outcome Propagate() {
+    while (true) {
+      const Outcome outcome = network_.Propagate();
+      if (outcome != Outcome::kFixpoint) return outcome;
+      const bool bounded = bound_ && bound_->Impose(network_);
+      if (!bounded && !nogoods_.Propagate(network_)) return outcome;
+    }
+  }
+
+  std::optional<SearchEnd> TellLeaf() {
+    const SearchLeaf leaf{brancher_.IsEnd(first_open_)};
+    result_.culprit = network_.FindViolated();
+    if (result_.culprit) return SearchEnd::kViolated;
+    ++(leaf.complete ? Statistics().solutions : Statistics().unknowns);
+    if (bound_ && leaf.complete) bound_->Record(network_);
+    if (!on_leaf_(leaf)) return SearchEnd::kStopped;
+    return std::nullopt;
+  }
+
+  // Goes back to the last decision that is not refuted yet, and refutes it. False when there is
+  // none.
+  bool Backtrack() {
+    for (; !path_.empty() && path_.back().refuted; path_.pop_back()) network_.PopLevel();
+    if (path_.empty()) return false;
+    network_.PopLevel();
+    path_.back().refuted = true;
+    return true;
+  }
+
+  // Enters the last branching of the path.
+  void Enter() {
+    const Branching& branching = path_.back();
+    network_.PushLevel();
+    Impose(network_, branching.refuted ? Negated(branching.decision) : branching.decision);
+    first_open_ = branching.first_open;
+    Statistics().peak_depth = std::max(Statistics().peak_depth, path_.size());
+    ++Statistics().nodes;
+    const std::uint64_t interval = std::max<std::uint64_t>(options_.progress_interval, 1);
+    if (options_.on_progress && Statistics().nodes % interval == 0) {
+      UpdateStatistics();
+      options_.on_progress(
+          {Statistics(), bound_ ? bound_->GetBest() : std::optional<std::int32_t>(), path_.size()});
+    }
+  }
+
+  bool RestartIsDue() const {
+    return restart_at_ && result_.statistics.failures >= *restart_at_ &&
+           nogoods_.CountLiterals() + Nogoods::CountLiterals(path_) <= kMostNogoodLiterals;
+  }
+
+  void Restart() {
+    TakeBackTo(root_level_);
+    nogoods_.Learn(network_, path_);
+    path_.clear();
+    first_open_ = 0;
+    ++Statistics().restarts;
+    const std::uint64_t failures = Statistics().failures;
+    restart_at_ = failures + std::min(*restarts_.Next(), ~failures);
+  }
+
+  void TakeBackTo(std::size_t level) {
+    while (network_.GetLevel() > level) network_.PopLevel();
+  }
+
+  SearchStatistics& Statistics() noexcept { return result_.statistics; }
+
+  void UpdateStatistics() {
+    Statistics().nogoods = nogoods_.CountClauses();
+    Statistics().propagations = network_.GetStatistics().runs - constraint_runs_before_;
+  }
+
+  KivOmbNetwork& network_;
+  const SearchOptions& options_;
+  const LeafReceiver& on_leaf_;
+  Brancher brancher_;
+  Nogoods nogoods_;
+  std::optional<ObjectiveBound> bound_;
+  LimitWatch limits_;
+  RestartSequence restarts_;
+  std::optional<std::uint64_t> restart_at_;  // so many failures in all
+  std::uint64_t constraint_runs_before_;
+  std::vector<Branching> path_;
+  std::size_t first_open_ = 0;  // as the brancher left it at the node where the search is
+  std::size_t root_level_ = 0;
+  SearchResult result_;
+};
+
+}  // namespace
+
+TreeSearch::TreeSearch(KivOmbNetwork& network, SearchOptions options)
+    : network_(network), options_(std::move(options)) {}
+
+SearchResult TreeSearch::Run(const LeafReceiver& on_leaf) {
+  return SearchRun(network_, options_, on_leaf).Run();
+}
+
+}  // namespace kiv
