@@ -53,8 +53,11 @@ std::optional<Operand> CompileAggregate(const Aggregate& aggregate, SourceRange 
     return std::nullopt;
   }
   std::vector<Operand> values;
-  const bool complete = expressions.GetGenerators().ForEach(aggregate.generators, [&] {
-    if (auto value = expressions.Compile(*aggregate.body)) values.push_back(*std::move(value));
+  bool complete = true;
+  complete &= expressions.GetGenerators().ForEach(aggregate.generators, [&] {
+    auto value = expressions.Compile(*aggregate.body);
+    complete &= value.has_value();
+    if (value) values.push_back(*std::move(value));
   });
   if (!complete) return std::nullopt;
 
