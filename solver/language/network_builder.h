@@ -53,6 +53,8 @@ class KIV_EXPORT NetworkBuilder {
   std::optional<VariableId> GetVariable(const Operand& operand);
   // Those of all operands.
   std::optional<std::vector<VariableId>> GetVariables(std::span<const Operand> operands);
+  // The kind of truth values; null, reported, when there is none.
+  const KivOmbiObjectDescriptor* FindTruthKind(SourceRange range);
   // The constant true or false.
   std::optional<Operand> GetTruth(bool value, SourceRange range);
   // The constant that a boolean operand is, where it is one.

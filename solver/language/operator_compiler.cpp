@@ -193,7 +193,7 @@ std::optional<Operand> OperatorCompiler::ApplyCount(const Word& name,
   return MakeSum(std::move(sum), builder_.GetNetwork().GetKind(*count), range);
 }
 
-// A range is asked about by its ends, however wide it is.
+// A few values are listed. A wide range, or that of a sum, is asked about by its ends.
 std::optional<Operand> OperatorCompiler::ApplyMembership(const Word& symbol, const Operand& operand,
                                                          const IntegerSet& values,
                                                          SourceRange range) {
@@ -203,17 +203,20 @@ std::optional<Operand> OperatorCompiler::ApplyMembership(const Word& symbol, con
                                                     builder_.GetKind(operand).GetName() + '\'');
     return std::nullopt;
   }
-  const auto truth = builder_.GetTruth(true, range);
-  if (!truth) return std::nullopt;
+  const KivOmbiObjectDescriptor* kind = builder_.FindTruthKind(range);
+  if (kind == nullptr) return std::nullopt;
   if (values.IsEmpty()) return builder_.GetTruth(false, range);
   Operand member;
   member.range = range;
-  member.kind = &builder_.GetKind(*truth);
-  if (!values.IsRange()) {
+  member.kind = kind;
+  constexpr std::uint64_t kMostListed = 1024;
+  const bool is_listed = !operand.IsSum() && values.Count() <= kMostListed;
+  if (!values.IsRange() || is_listed) {
     Formula::Element element{operand, {}};
-    for (const std::int64_t value : values.GetValues()) {
+    values.ForEach([&](std::int64_t value) {
       if (IsModelInteger(value)) element.values.push_back(static_cast<std::int32_t>(value));
-    }
+      return true;
+    });
     member.formula = std::make_shared<const Formula>(Formula{std::move(element)});
     return member;
   }
