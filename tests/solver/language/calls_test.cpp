@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <fstream>
 #include <functional>
 #include <numeric>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -193,6 +195,22 @@ TEST(Calls, AreEachTested) {
     EXPECT_TRUE(entry.signature.starts_with(call)) << entry.name;
     EXPECT_FALSE(entry.meaning.empty()) << entry.name;
     EXPECT_NE(entry.post == nullptr, entry.apply == nullptr) << entry.name;
+  }
+}
+
+TEST(Calls, AreEachDocumented) {
+  std::ifstream file(KIV_SOURCE_DIR "/docs/language.md");
+  std::ostringstream page;
+  page << file.rdbuf();
+  for (const CallEntry& entry : GetCallEntries()) {
+    EXPECT_NE(page.str().find("| `" + std::string(entry.signature) + "` |"), std::string::npos)
+        << entry.signature;
+    for (const std::string_view annotation : entry.annotations) {
+      EXPECT_NE(page.str().find('`' + std::string(annotation) + '`') == std::string::npos &&
+                    page.str().find("`with " + std::string(annotation) + '`') == std::string::npos,
+                true)
+          << annotation;
+    }
   }
 }
 
