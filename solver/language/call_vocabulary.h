@@ -30,7 +30,7 @@ enum class ParameterKind {
 struct CallArgument {
   SourceRange range;
   std::vector<Operand> operands;        // integers, or a single value
-  std::int64_t first = 1;               // the index of the first one
+  std::int64_t first = 1;               // the index of the first one, an integer of models
   std::vector<std::int32_t> constants;  // row by row
   std::size_t row_length = 0;           // of tuples; 0 when there are none
 };

@@ -125,12 +125,6 @@ std::optional<Operand> CompileElement(const ArrayView& view, const std::vector<O
                     "variables");
     return std::nullopt;
   }
-  for (const IndexRange& dimension : view.shape) {
-    if (IsModelInteger(dimension.first) && IsModelInteger(dimension.last)) continue;
-    diagnostics.Add(range, "indices outside " + DescribeModelIntegers() +
-                               " must be made of numbers, parameters and loop variables");
-    return std::nullopt;
-  }
   const auto index = indices.size() == 1
                          ? CompileIndex(indices.front(), view.shape.front(), builder)
                          : CompilePosition(view.shape, indices, range, builder);
