@@ -34,6 +34,7 @@ std::int64_t AllDifferentBounds::Filter(const KivOmbiObjectEnvironment& environm
 
   // A bound that meets a hole moves further than it had to, and so does that of a variable that
   // stands in two terms: then there is more to find.
+  bool reached = true;  // the bounds that were wanted; an open side cannot be moved to its end
   for (bool moved_further = true; moved_further;) {
     for (unsigned i = 0; i < count; ++i) hall_.Intervals()[i] = IntervalOf(environment, i);
     if (!hall_.Narrow()) return kKivContradiction;
@@ -44,13 +45,15 @@ std::int64_t AllDifferentBounds::Filter(const KivOmbiObjectEnvironment& environm
       if (const auto result = TightenUpper(environment, i, upper - offset)) return result;
     }
     moved_further = false;
+    reached = true;
     for (unsigned i = 0; i < count; ++i) {
-      const auto [lower, upper] = IntervalOf(environment, i);
-      const auto wanted = hall_.Intervals()[i];
-      moved_further |= lower > wanted.lower || upper < wanted.upper;
+      const HallIntervals::Interval now = IntervalOf(environment, i);
+      const HallIntervals::Interval wanted = hall_.Intervals()[i];
+      moved_further |= now.lower > wanted.lower || now.upper < wanted.upper;
+      reached &= now == wanted;
     }
   }
-  return hall_.AreDisjoint() ? kKivAtFixpoint | kKivEntailed : kKivAtFixpoint;
+  return reached && hall_.AreDisjoint() ? kKivAtFixpoint | kKivEntailed : kKivAtFixpoint;
 }
 
 KivOmbiConstraint::Cost AllDifferentBounds::GetCost() const { return kQuadratic; }

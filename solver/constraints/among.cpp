@@ -41,7 +41,7 @@ Among::Among(std::vector<std::int32_t> set) : KivOmbiConstraint(&descriptor), se
   // What no variable can hold is in no set that matters; an infinity would be taken for a bound.
   std::erase_if(set_, [](std::int32_t value) { return !IsValue(value); });
   std::ranges::sort(set_);
-  set_.erase(std::ranges::unique(set_).begin(), set_.end());
+  set_.erase(std::unique(set_.begin(), set_.end()), set_.end());
 }
 
 std::int64_t Among::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {

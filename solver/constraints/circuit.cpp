@@ -68,7 +68,8 @@ bool Circuit::Holds(std::span<const std::int64_t> values) const {
 std::vector<KivOmbNetwork::ConstraintId> PostCircuit(
     KivOmbNetwork& network, std::span<const KivOmbNetwork::VariableId> successors,
     std::int32_t first) {
-  auto posted = PostAllDifferent(network, successors);
+  const auto places = static_cast<std::int64_t>(successors.size());
+  auto posted = PostAllDifferent(network, successors, ChooseStrength(places, places));
   posted.push_back(network.Emplace<Circuit>(successors, first));
   return posted;
 }

@@ -33,7 +33,8 @@ class KIV_EXPORT Circuit final : public KivOmbiConstraint {
   StuckValues stuck_;
 };
 
-// Posts the circuit and that all successors are different. Returns the constraints posted.
+// Posts the circuit and that all successors are different, as strongly as suits as many values as
+// places. Returns the constraints posted.
 KIV_EXPORT std::vector<KivOmbNetwork::ConstraintId> PostCircuit(
     KivOmbNetwork& network, std::span<const KivOmbNetwork::VariableId> successors,
     std::int32_t first);

@@ -1,7 +1,6 @@
 #include "solver/constraints/cumulative.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
@@ -120,12 +119,8 @@ KivOmbiFilterResult Cumulative::NarrowStart(const KivOmbiObjectEnvironment& envi
     if (const auto result = TightenLower(environment, Start(task), start.lower)) return result;
   }
   if (start.upper < Hull::kUnbounded) {
-    const auto from_behind = segments | std::views::reverse;
-    for (const Use& segment : from_behind) {
-      if (segment.end <= start.upper) break;
-      if (segment.begin < start.upper + duration && conflict(segment)) {
-        start.upper = segment.begin - duration;
-      }
+    for (auto i = segments.rbegin(); i != segments.rend() && i->end > start.upper; ++i) {
+      if (i->begin < start.upper + duration && conflict(*i)) start.upper = i->begin - duration;
     }
     if (const auto result = TightenUpper(environment, Start(task), start.upper)) return result;
   }

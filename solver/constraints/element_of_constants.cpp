@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/supports.h"
+#include "solver/constraints/value_sets.h"
 #include "solver/constraints/values.h"
 
 namespace kiv {
@@ -16,8 +16,6 @@ enum Argument : unsigned { kX, kZ, kArguments };
 
 const KivOmbiConstraintDescriptor descriptor("kiv::ElementOfConstants", kArguments, 0, true);
 
-bool IsFinite(std::int64_t value) { return SubIntBase::kMin < value && value < SubIntBase::kMax; }
-
 }  // namespace
 
 ElementOfConstants::ElementOfConstants(std::vector<std::int32_t> elements, std::int32_t first)
@@ -25,12 +23,12 @@ ElementOfConstants::ElementOfConstants(std::vector<std::int32_t> elements, std::
       elements_(std::move(elements)),
       first_(first),
       values_(elements_) {
-  const bool has_indices = elements_.empty() || (IsFinite(first_) && IsFinite(Last()));
-  if (!has_indices || !std::ranges::all_of(elements_, IsFinite)) {
+  const bool has_indices = elements_.empty() || (IsValue(first_) && IsValue(Last()));
+  if (!has_indices || !std::ranges::all_of(elements_, IsValue)) {
     throw std::invalid_argument("an array with an element or an index beyond the integers");
   }
   std::ranges::sort(values_);
-  values_.erase(std::ranges::unique(values_).begin(), values_.end());
+  values_.erase(std::unique(values_.begin(), values_.end()), values_.end());
   for (const std::int32_t element : elements_) {
     const auto position = std::ranges::lower_bound(values_, element) - values_.begin();
     value_of_.push_back(static_cast<std::uint32_t>(position));
@@ -40,9 +38,10 @@ ElementOfConstants::ElementOfConstants(std::vector<std::int32_t> elements, std::
 
 std::int64_t ElementOfConstants::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   if (elements_.empty()) return Empty(environment, kX);
-  if (const auto result = TightenLower(environment, kX, first_)) return result;
-  if (const auto result = TightenUpper(environment, kX, Last())) return result;
-  if (const auto result = NarrowIndex(environment)) return result;
+  const auto narrowed = KeepIfBetween(environment, kX, first_, Last(), [&](std::int32_t index) {
+    return IsSupported(environment, index);
+  });
+  if (narrowed != 0) return narrowed;
   if (const auto result = NarrowValue(environment)) return result;
 
   // The pairs (index, element) left are those that were found, even where a kind kept more values.
@@ -55,29 +54,6 @@ bool ElementOfConstants::IsSupported(const KivOmbiObjectEnvironment& environment
   const std::int32_t element = elements_[static_cast<std::size_t>(index - first_)];
   if (environment.IsSame(kX, kZ)) return element == index;
   return environment.Integer(kZ).MayBe(element);
-}
-
-KivOmbiFilterResult ElementOfConstants::NarrowIndex(
-    const KivOmbiObjectEnvironment& environment) const {
-  const auto is_supported = [&](std::int32_t index) { return IsSupported(environment, index); };
-  if (environment.Summary(kX).IsAny()) {
-    const bool possible = TakeValues(environment, kX, [&](auto&& add) {
-      for (std::int64_t index = first_; index <= Last(); ++index) {
-        const auto candidate = static_cast<std::int32_t>(index);
-        if (is_supported(candidate)) add(candidate);
-      }
-    });
-    return possible ? 0 : kKivContradiction;
-  }
-  if (IsListable(environment.Summary(kX))) return KeepValues(environment, kX, is_supported);
-
-  std::int64_t lower = environment.Summary(kX).lower;
-  std::int64_t upper = environment.Summary(kX).upper;
-  while (lower <= upper && !IsSupported(environment, lower)) ++lower;
-  while (lower <= upper && !IsSupported(environment, upper)) --upper;
-  if (lower > upper) return Empty(environment, kX);
-  if (const auto result = TightenLower(environment, kX, lower)) return result;
-  return TightenUpper(environment, kX, upper);
 }
 
 KivOmbiFilterResult ElementOfConstants::NarrowValue(const KivOmbiObjectEnvironment& environment) {
@@ -107,7 +83,7 @@ KivOmbiFilterResult ElementOfConstants::NarrowValue(const KivOmbiObjectEnvironme
     return 0;
   }
   if (!IsListable(environment.Summary(kZ))) return 0;
-  return KeepValues(environment, kZ, [&](std::int32_t value) {
+  return KeepIf(environment, kZ, [&](std::int32_t value) {
     const auto found = std::ranges::lower_bound(values_, value);
     return found != values_.end() && *found == value &&
            taken_[static_cast<std::size_t>(found - values_.begin())];

@@ -23,7 +23,6 @@ class KIV_EXPORT ElementOfConstants final : public KivOmbiConstraint {
 
  private:
   bool IsSupported(const KivOmbiObjectEnvironment& environment, std::int64_t index) const;
-  KivOmbiFilterResult NarrowIndex(const KivOmbiObjectEnvironment& environment) const;
   KivOmbiFilterResult NarrowValue(const KivOmbiObjectEnvironment& environment);
   std::int64_t Last() const { return first_ + static_cast<std::int64_t>(elements_.size()) - 1; }
 

@@ -41,40 +41,17 @@ bool ElementOfVariables::FindElement(const KivOmbiObjectEnvironment& environment
 
 std::int64_t ElementOfVariables::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   if (environment.Count() == kElements) return Empty(environment, kX);
-  if (const auto result = TightenLower(environment, kX, first_)) return result;
-  if (const auto result = TightenUpper(environment, kX, Last(environment, first_))) return result;
-  if (const auto result = NarrowIndex(environment)) return result;
+  const auto narrowed =
+      KeepIfBetween(environment, kX, first_, Last(environment, first_), [&](std::int32_t index) {
+        return LeastCommon(environment, ElementAt(index), kZ).has_value();
+      });
+  if (narrowed != 0) return narrowed;
   if (!environment.Summary(kX).IsFixed()) return NarrowValue(environment);
 
   const unsigned element = ElementAt(environment.Summary(kX).lower);
   if (const auto result = Equate(environment, element, kZ)) return result;
   const bool fixed = environment.Summary(kZ).IsFixed() && environment.Summary(element).IsFixed();
   return fixed || environment.IsSame(element, kZ) ? kKivEntailed : 0;
-}
-
-KivOmbiFilterResult ElementOfVariables::NarrowIndex(
-    const KivOmbiObjectEnvironment& environment) const {
-  const auto is_supported = [&](std::int64_t index) {
-    return LeastCommon(environment, ElementAt(index), kZ).has_value();
-  };
-  const KivOmbiDomainSummary summary = environment.Summary(kX);
-  if (IsListable(summary)) return KeepValues(environment, kX, is_supported);
-
-  std::int64_t lower = std::max<std::int64_t>(summary.lower, first_);
-  std::int64_t upper = std::min<std::int64_t>(summary.upper, Last(environment, first_));
-  if (summary.IsAny()) {
-    const bool possible = TakeValues(environment, kX, [&](auto&& add) {
-      for (std::int64_t index = lower; index <= upper; ++index) {
-        if (is_supported(index)) add(static_cast<std::int32_t>(index));
-      }
-    });
-    return possible ? 0 : kKivContradiction;
-  }
-  while (lower <= upper && !is_supported(lower)) ++lower;
-  while (lower <= upper && !is_supported(upper)) --upper;
-  if (lower > upper) return Empty(environment, kX);
-  if (const auto result = TightenLower(environment, kX, lower)) return result;
-  return TightenUpper(environment, kX, upper);
 }
 
 KivOmbiFilterResult ElementOfVariables::NarrowValue(
@@ -96,7 +73,7 @@ KivOmbiFilterResult ElementOfVariables::NarrowValue(
 
   // Neighbouring values are mostly found in the same element.
   unsigned last_found = kZ;
-  return KeepValues(environment, kZ, [&](std::int32_t value) {
+  return KeepIf(environment, kZ, [&](std::int32_t value) {
     if (last_found != kZ && environment.Integer(last_found).MayBe(value)) return true;
     return FindElement(environment, [&](unsigned element) {
       if (!environment.Integer(element).MayBe(value)) return false;

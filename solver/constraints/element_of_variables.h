@@ -27,7 +27,6 @@ class KIV_EXPORT ElementOfVariables final : public KivOmbiConstraint {
   // did.
   template <class Use>
   bool FindElement(const KivOmbiObjectEnvironment& environment, Use&& use) const;
-  KivOmbiFilterResult NarrowIndex(const KivOmbiObjectEnvironment& environment) const;
   KivOmbiFilterResult NarrowValue(const KivOmbiObjectEnvironment& environment) const;
   KivOmbiFilterResult TakeUnion(const KivOmbiObjectEnvironment& environment) const;
 

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "solver/constraints/wide_integer.h"
+
 namespace kiv {
 
 // For a set of tasks, the latest point to which the resource can be kept busy by some of them: over
@@ -12,7 +14,7 @@ namespace kiv {
 // in 128 bits.
 class EnergyTree {
  public:
-  using Energy = __int128;
+  using Energy = Int128;
 
   // For as many tasks.
   explicit EnergyTree(std::size_t tasks);

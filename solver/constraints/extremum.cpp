@@ -71,7 +71,7 @@ void TakeUnion(const KivOmbiObjectEnvironment& environment, const View& view, st
 
 // m keeps the values that some argument may have.
 KivOmbiFilterResult KeepUnion(const KivOmbiObjectEnvironment& environment) {
-  return KeepValues(environment, kM, [&](std::int32_t value) {
+  return KeepIf(environment, kM, [&](std::int32_t value) {
     for (unsigned i = kFirst; i < environment.Count(); ++i) {
       if (environment.Integer(i).MayBe(value)) return true;
     }
@@ -135,7 +135,7 @@ std::int64_t Extremum::Filter(const KivOmbiObjectEnvironment& environment, std::
   if (!highest_of_others) {
     if (const auto result = Equate(environment, holder, kM)) return result;
   } else if (*highest_of_others < *highest && IsListable(environment.Summary(holder))) {
-    const auto result = KeepValues(environment, holder, [&](std::int32_t value) {
+    const auto result = KeepIf(environment, holder, [&](std::int32_t value) {
       return view.Viewed(value) <= *highest_of_others || environment.Integer(kM).MayBe(value);
     });
     if (result != 0) return result;

@@ -61,7 +61,7 @@ void HallIntervals::PlaceEnds() {
     ends_.push_back(interval.upper + 1);
   }
   std::ranges::sort(ends_);
-  ends_.erase(std::ranges::unique(ends_).begin(), ends_.end());
+  ends_.erase(std::unique(ends_.begin(), ends_.end()), ends_.end());
   ends_.insert(ends_.begin(), ends_.front() - 2);
   ends_.push_back(ends_.back() + 2);
   const auto place = [&](std::int64_t end) {

@@ -120,7 +120,8 @@ std::vector<KivOmbNetwork::ConstraintId> PostInverse(KivOmbNetwork& network,
   arguments.insert(arguments.end(), g.begin(), g.end());
   const auto inverse =
       network.Emplace<Inverse>(arguments, static_cast<unsigned>(f.size()), f_index, g_index);
-  auto posted = PostAllDifferent(network, f);
+  const auto places = static_cast<std::int64_t>(f.size());
+  auto posted = PostAllDifferent(network, f, ChooseStrength(places, places));
   posted.push_back(inverse);
   return posted;
 }

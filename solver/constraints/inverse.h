@@ -38,7 +38,8 @@ class KIV_EXPORT Inverse final : public KivOmbiConstraint {
   std::vector<unsigned> changed_;
 };
 
-// Posts that f and g are inverse, and that the f are all different, which both sides profit by.
+// Posts that f and g are inverse, and that the f are all different, as strongly as suits as many
+// values as places; both sides profit by it.
 // Returns the constraints posted.
 KIV_EXPORT std::vector<KivOmbNetwork::ConstraintId> PostInverse(
     KivOmbNetwork& network, std::span<const KivOmbNetwork::VariableId> f,

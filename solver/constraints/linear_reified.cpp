@@ -1,21 +1,18 @@
 #include "solver/constraints/linear_reified.h"
 
+#include <cassert>
 #include <utility>
 
-#include "framework/abstract_types/boolean.h"
 #include "solver/constraints/linear_disequality.h"
 #include "solver/constraints/linear_equation.h"
 #include "solver/constraints/linear_support.h"
+#include "solver/constraints/truth.h"
 
 namespace kiv {
 
 namespace {
 
 const KivOmbiConstraintDescriptor descriptor("kiv::LinearReified", 0, 0, true);
-
-bool IsEquationOrOpposite(LinearRelation relation) {
-  return relation == LinearRelation::kEqual || relation == LinearRelation::kUnequal;
-}
 
 }  // namespace
 
@@ -25,22 +22,23 @@ LinearReified::LinearReified(std::vector<std::int64_t> coefficients, LinearRelat
       sum_(std::move(coefficients)),
       relation_(relation),
       constant_(constant),
-      reification_(reification) {}
+      reification_(reification) {
+  assert(relation == LinearRelation::kEqual || relation == LinearRelation::kUnequal ||
+         relation == LinearRelation::kLessOrEqual);
+}
 
 std::int64_t LinearReified::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   const unsigned truth = sum_.Count();
   const bool is_implication = reification_ == Reification::kImplication;
   if (environment.Summary(truth).IsFixed()) {
-    if (environment.Summary(truth).lower != 0) return Impose(environment, relation_);
-    return is_implication ? kKivEntailed : Impose(environment, NegationOf(relation_));
+    const bool holds = IsKnown(environment.Summary(truth), true);
+    return holds || !is_implication ? Impose(environment, holds) : kKivEntailed;
   }
   const std::optional<bool> holds = Decide(environment);
   if (!holds) return kKivAtFixpoint;
   if (*holds && is_implication) return kKivEntailed;
-  const bool possible = environment.NarrowAny(truth, [&](KivOmbiAny& domain) {
-    return static_cast<KivOmbiBoolean&>(domain).CalcTruthValue(*holds);
-  });
-  return possible ? kKivEntailed : kKivContradiction;
+  if (const auto result = SetTruth(environment, truth, *holds)) return result;
+  return kKivEntailed;
 }
 
 std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& environment) const {
@@ -49,14 +47,9 @@ std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& enviro
     const auto equal = DecideEqual(environment);
     return equal ? std::optional(!*equal) : std::nullopt;
   }
-  // Whether the relation holds changes at most once between the ends of the sum.
   const auto [lower, upper] = sum_.RangeOver(environment);
-  const bool falls =
-      relation_ == LinearRelation::kLess || relation_ == LinearRelation::kLessOrEqual;
-  const auto& easiest = falls ? lower : upper;
-  const auto& hardest = falls ? upper : lower;
-  if (easiest && !Stands(*easiest, relation_, constant_)) return false;
-  if (hardest && Stands(*hardest, relation_, constant_)) return true;
+  if (upper && *upper <= constant_) return true;
+  if (lower && *lower > constant_) return false;
   return std::nullopt;
 }
 
@@ -70,29 +63,21 @@ std::optional<bool> LinearReified::DecideEqual(const KivOmbiObjectEnvironment& e
 }
 
 KivOmbiFilterResult LinearReified::Impose(const KivOmbiObjectEnvironment& environment,
-                                          LinearRelation relation) const {
-  switch (relation) {
-    case LinearRelation::kEqual:
-      return NarrowToEqual(environment, sum_, constant_);
-    case LinearRelation::kUnequal:
-      return NarrowToUnequal(environment, sum_, constant_);
-    case LinearRelation::kLess:
-      return sum_.NarrowTo(environment, std::nullopt, constant_ - 1);
-    case LinearRelation::kLessOrEqual:
-      return sum_.NarrowTo(environment, std::nullopt, constant_);
-    case LinearRelation::kGreater:
-      return sum_.NarrowTo(environment, constant_ + 1, std::nullopt);
-    case LinearRelation::kGreaterOrEqual:
-      break;
+                                          bool holds) const {
+  if (relation_ == LinearRelation::kLessOrEqual) {
+    return holds ? sum_.NarrowTo(environment, std::nullopt, constant_)
+                 : sum_.NarrowTo(environment, constant_ + 1, std::nullopt);
   }
-  return sum_.NarrowTo(environment, constant_, std::nullopt);
+  const bool is_equal = holds == (relation_ == LinearRelation::kEqual);
+  return is_equal ? NarrowToEqual(environment, sum_, constant_)
+                  : NarrowToUnequal(environment, sum_, constant_);
 }
 
 KivOmbiConstraint::Cost LinearReified::GetCost() const { return sum_.GetCost(); }
 
 std::int64_t LinearReified::GetWakingEvents(unsigned index, unsigned) const {
   if (index == sum_.Count()) return kKivFixed;
-  return IsEquationOrOpposite(relation_) ? WakingEventsOfEquation(sum_) : kKivBounds;
+  return relation_ == LinearRelation::kLessOrEqual ? kKivBounds : WakingEventsOfEquation(sum_);
 }
 
 bool LinearReified::Holds(std::span<const std::int64_t> values) const {

@@ -26,7 +26,7 @@ enum class Reification {
 // solution for an order relation, and for an equation or its opposite where LinearEquation says so.
 class KIV_EXPORT LinearReified final : public KivOmbiConstraint {
  public:
-  // What LinearSum says of the coefficients holds here.
+  // What LinearSum says of the coefficients holds here; the relation is =, <> or <=.
   LinearReified(std::vector<std::int64_t> coefficients, LinearRelation relation, Int128 constant,
                 Reification reification);
 
@@ -39,8 +39,8 @@ class KIV_EXPORT LinearReified final : public KivOmbiConstraint {
   // Whether the relation holds, as far as the domains decide it.
   std::optional<bool> Decide(const KivOmbiObjectEnvironment& environment) const;
   std::optional<bool> DecideEqual(const KivOmbiObjectEnvironment& environment) const;
-  KivOmbiFilterResult Impose(const KivOmbiObjectEnvironment& environment,
-                             LinearRelation relation) const;
+  // Narrows to where the relation holds, or to where it does not.
+  KivOmbiFilterResult Impose(const KivOmbiObjectEnvironment& environment, bool holds) const;
 
   LinearSum sum_;
   LinearRelation relation_;

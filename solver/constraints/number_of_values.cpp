@@ -48,7 +48,7 @@ std::int64_t NumberOfValues::Filter(const KivOmbiObjectEnvironment& environment,
     }
   }
   std::ranges::sort(taken_);
-  taken_.erase(std::ranges::unique(taken_).begin(), taken_.end());
+  taken_.erase(std::unique(taken_.begin(), taken_.end()), taken_.end());
   const auto taken = static_cast<std::int32_t>(taken_.size());
   const std::int32_t most = taken + static_cast<std::int32_t>(open_.size());
   const std::int32_t least = CountDisjoint(environment, terms);

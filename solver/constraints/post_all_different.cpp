@@ -10,24 +10,27 @@
 
 namespace kiv {
 
+AllDifferentStrength ChooseStrength(std::int64_t terms, std::int64_t values) {
+  constexpr std::int64_t kMostTerms = 512;
+  constexpr std::int64_t kFewValues = 64;
+  if (terms <= 2) return AllDifferentStrength::kValues;
+  const bool few_values = values <= std::max(2 * terms, kFewValues);
+  return terms <= kMostTerms && few_values ? AllDifferentStrength::kDomain
+                                           : AllDifferentStrength::kBounds;
+}
+
 AllDifferentStrength ChooseStrength(const KivOmbNetwork& network,
                                     std::span<const KivOmbNetwork::VariableId> variables,
                                     const TermOffsets& offsets) {
-  constexpr std::int64_t kMostTerms = 512;
-  constexpr std::int64_t kFewValues = 64;
-  const auto count = static_cast<std::int64_t>(variables.size());
-  if (count <= 2) return AllDifferentStrength::kValues;
-  if (count > kMostTerms) return AllDifferentStrength::kBounds;
-  std::int64_t least = Hull::kUnbounded;
-  std::int64_t greatest = -Hull::kUnbounded;
+  if (variables.empty()) return ChooseStrength(0, 0);
+  std::int64_t least = 2 * Hull::kUnbounded;
+  std::int64_t greatest = -least;
   for (unsigned i = 0; i < variables.size(); ++i) {
     const Hull hull = HullOf(network.GetSummary(variables[i]));
     least = std::min(least, hull.lower + OffsetOf(offsets, i));
     greatest = std::max(greatest, hull.upper + OffsetOf(offsets, i));
   }
-  const std::int64_t values = greatest - least + 1;
-  return values <= std::max(2 * count, kFewValues) ? AllDifferentStrength::kDomain
-                                                   : AllDifferentStrength::kBounds;
+  return ChooseStrength(static_cast<std::int64_t>(variables.size()), greatest - least + 1);
 }
 
 std::vector<KivOmbNetwork::ConstraintId> PostAllDifferent(

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -15,10 +16,13 @@ enum class AllDifferentStrength {
   kDomain,  // and AllDifferentDomain
 };
 
-// What kAutomatic stands for, by the domains as they are now: kValues for two terms, which it makes
-// domain consistent; kDomain for at most 512 terms that share few values, at most twice as many as
-// there are terms or at most 64; kBounds otherwise. With many values to spare a matching finds
-// little that bounds do not, and costs more.
+// The strength that suits so many terms with so many values among them: kValues for two terms,
+// which it makes domain consistent; kDomain for at most 512 terms that share few values, at most
+// twice as many as there are terms or at most 64; kBounds otherwise. With many values to spare a
+// matching finds little that bounds do not, and costs more.
+KIV_EXPORT AllDifferentStrength ChooseStrength(std::int64_t terms, std::int64_t values);
+
+// What kAutomatic stands for: the choice for the hull of all terms, by the domains as they are now.
 KIV_EXPORT AllDifferentStrength ChooseStrength(const KivOmbNetwork& network,
                                                std::span<const KivOmbNetwork::VariableId> variables,
                                                const TermOffsets& offsets = {});

@@ -10,7 +10,9 @@ KivOmbiFilterResult StuckValues::Remove(const KivOmbiObjectEnvironment& environm
   const KivOmbiDomainSummary before = environment.Summary(i);
   if (!IsValue(value) || value < before.lower || value > before.upper) return 0;
   const auto removed = static_cast<std::int32_t>(value);
-  if (const auto result = RemoveValue(environment, i, removed)) return result;
+  if (!IsBeforeOpenEnd(before, value)) {
+    if (const auto result = RemoveValue(environment, i, removed)) return result;
+  }
   if (environment.Summary(i) == before && environment.Integer(i).MayBe(removed)) stuck_[i] = 1;
   return 0;
 }

@@ -95,7 +95,8 @@ bool Subcircuit::Holds(std::span<const std::int64_t> values) const {
 std::vector<KivOmbNetwork::ConstraintId> PostSubcircuit(
     KivOmbNetwork& network, std::span<const KivOmbNetwork::VariableId> successors,
     std::int32_t first) {
-  auto posted = PostAllDifferent(network, successors);
+  const auto places = static_cast<std::int64_t>(successors.size());
+  auto posted = PostAllDifferent(network, successors, ChooseStrength(places, places));
   posted.push_back(network.Emplace<Subcircuit>(successors, first));
   return posted;
 }

@@ -34,7 +34,8 @@ class KIV_EXPORT Subcircuit final : public KivOmbiConstraint {
   SuccessorChains chains_;
 };
 
-// Posts the circuit and that all successors are different. Returns the constraints posted.
+// Posts the circuit and that all successors are different, as strongly as suits as many values as
+// places. Returns the constraints posted.
 KIV_EXPORT std::vector<KivOmbNetwork::ConstraintId> PostSubcircuit(
     KivOmbNetwork& network, std::span<const KivOmbNetwork::VariableId> successors,
     std::int32_t first);

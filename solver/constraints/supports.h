@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/abstract_types/environment.h"
+#include "solver/constraints/values.h"
 
 // Questions to the domains of integer arguments by which constraints look for supports. They take
 // domains of any kind and size. A domain without a known bound answers with an end of the integers
@@ -27,8 +29,7 @@ std::optional<std::int32_t> GreatestCommon(const KivOmbiObjectEnvironment& envir
 // Removes the values of listable argument i for which `keep` is false: first from its ends, then,
 // if its kind can have holes, between them. `keep` must not depend on the domain of i.
 template <class Keep>
-KivOmbiFilterResult KeepValues(const KivOmbiObjectEnvironment& environment, unsigned i,
-                               Keep&& keep) {
+KivOmbiFilterResult KeepIf(const KivOmbiObjectEnvironment& environment, unsigned i, Keep&& keep) {
   const KivOmbiInteger& domain = environment.Integer(i);
   std::int32_t least = environment.Summary(i).lower;
   std::int32_t greatest = environment.Summary(i).upper;
@@ -53,6 +54,37 @@ KivOmbiFilterResult KeepValues(const KivOmbiObjectEnvironment& environment, unsi
     return changed;
   });
   return 0;
+}
+
+// Argument i keeps the values from `lower` to `upper`, two values of a variable, for which `keep`
+// is true, as far as its kind and size allow. `keep` is only asked about values in between.
+template <class Keep>
+KivOmbiFilterResult KeepIfBetween(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                  std::int64_t lower, std::int64_t upper, Keep&& keep) {
+  if (const auto result = TightenLower(environment, i, lower)) return result;
+  if (const auto result = TightenUpper(environment, i, upper)) return result;
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  if (IsListable(summary)) {
+    return KeepIf(environment, i, [&](std::int32_t value) {
+      return lower <= value && value <= upper && keep(value);
+    });
+  }
+  if (summary.IsAny()) {
+    const bool possible = TakeValues(environment, i, [&](auto&& add) {
+      for (std::int64_t value = lower; value <= upper; ++value) {
+        const auto candidate = static_cast<std::int32_t>(value);
+        if (keep(candidate)) add(candidate);
+      }
+    });
+    return possible ? 0 : kKivContradiction;
+  }
+  lower = std::max<std::int64_t>(lower, summary.lower);
+  upper = std::min<std::int64_t>(upper, summary.upper);
+  while (lower <= upper && !keep(static_cast<std::int32_t>(lower))) ++lower;
+  while (lower <= upper && !keep(static_cast<std::int32_t>(upper))) --upper;
+  if (lower > upper) return Empty(environment, i);
+  if (const auto result = TightenLower(environment, i, lower)) return result;
+  return TightenUpper(environment, i, upper);
 }
 
 }  // namespace kiv

@@ -179,7 +179,7 @@ KivOmbiFilterResult Table::NarrowColumn(const KivOmbiObjectEnvironment& environm
   }
   // The domain holds all values left; if it holds as many, it holds no others.
   if (!IsListable(summary) || summary.cardinality == left.size()) return 0;
-  return KeepValues(environment, column, [&](std::int32_t value) {
+  return KeepIf(environment, column, [&](std::int32_t value) {
     const auto number = index_.FindValue(column, value);
     return number && IsLeft(column, *number);
   });

@@ -4,7 +4,7 @@
 #include <numeric>
 #include <stdexcept>
 
-#include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/value_sets.h"
 
 namespace kiv {
 
@@ -13,10 +13,7 @@ TupleIndex::TupleIndex(unsigned arity, std::size_t count, std::vector<std::int32
   if (cells.size() > kMostCells || (arity > 0 && count > kMostCells / arity)) {
     throw std::length_error("a table of more than 67108864 integers");
   }
-  const auto is_value = [](std::int32_t cell) {
-    return SubIntBase::kMin < cell && cell < SubIntBase::kMax;
-  };
-  if (cells.size() != arity * count || !std::ranges::all_of(cells, is_value)) {
+  if (cells.size() != arity * count || !std::ranges::all_of(cells, IsValue)) {
     throw std::invalid_argument("tuples of another length, or with a number beyond the integers");
   }
   if (arity == 0) {
@@ -36,10 +33,10 @@ void TupleIndex::SortTuples(std::size_t count, const std::vector<std::int32_t>& 
   std::ranges::sort(order, [&](std::uint32_t i, std::uint32_t j) {
     return std::ranges::lexicographical_compare(tuple(i), tuple(j));
   });
-  const auto repeated = std::ranges::unique(order, [&](std::uint32_t i, std::uint32_t j) {
+  const auto are_equal = [&](std::uint32_t i, std::uint32_t j) {
     return std::ranges::equal(tuple(i), tuple(j));
-  });
-  order.erase(repeated.begin(), repeated.end());
+  };
+  order.erase(std::unique(order.begin(), order.end(), are_equal), order.end());
 
   count_ = order.size();
   cells_.reserve(count_ * arity_);
@@ -52,7 +49,7 @@ void TupleIndex::IndexColumn(unsigned column) {
   std::vector<std::int32_t> values(count_);
   for (std::size_t i = 0; i < count_; ++i) values[i] = GetCell(i, column);
   std::ranges::sort(values);
-  values.erase(std::ranges::unique(values).begin(), values.end());
+  values.erase(std::unique(values.begin(), values.end()), values.end());
   const auto first = static_cast<std::uint32_t>(values_.size());
   values_.insert(values_.end(), values.begin(), values.end());
   first_values_.push_back(static_cast<std::uint32_t>(values_.size()));

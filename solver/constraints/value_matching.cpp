@@ -30,7 +30,7 @@ void ValueMatching::PlaceValues() {
   if (!FindPlaces()) {
     for (const Edge& edge : edges_) universe_.push_back(edge.value);
     std::ranges::sort(universe_);
-    universe_.erase(std::ranges::unique(universe_).begin(), universe_.end());
+    universe_.erase(std::unique(universe_.begin(), universe_.end()), universe_.end());
     FindPlaces();
   }
   values_.assign(universe_.size(), {kNone, kNone, 0});

@@ -85,7 +85,13 @@ KivOmbiFilterResult FixTo(const KivOmbiObjectEnvironment& environment, unsigned 
 
 KivOmbiFilterResult RemoveValues(const KivOmbiObjectEnvironment& environment, unsigned i,
                                  ValueSet set) {
-  const ValueSet near = Between(set, environment.Summary(i));
+  ValueSet near = Between(set, environment.Summary(i));
+  if (!near.empty() && IsBeforeOpenEnd(environment.Summary(i), near.back())) {
+    near = near.first(near.size() - 1);
+  }
+  if (!near.empty() && IsBeforeOpenEnd(environment.Summary(i), near.front())) {
+    near = near.subspan(1);
+  }
   if (near.empty()) return 0;
   const bool possible = environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
     int changed = 0;

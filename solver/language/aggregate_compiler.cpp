@@ -48,12 +48,21 @@ std::optional<Operand> CompileAggregate(const Aggregate& aggregate, SourceRange 
   if (connects && !expressions.CheckAsks(aggregate.name, *aggregate.body)) return std::nullopt;
 
   const Word symbol{std::string(operation->symbol), aggregate.name.range};
-  std::optional<Operand> value;
-  const bool complete = expressions.GetGenerators().ForEach(aggregate.generators, [&] {
-    const std::optional<Operand> next = expressions.Compile(*aggregate.body);
-    if (next) value = value ? expressions.ApplyBinary(symbol, *value, *next) : next;
+  std::vector<Operand> values;
+  bool complete = true;
+  complete &= expressions.GetGenerators().ForEach(aggregate.generators, [&] {
+    const std::optional<Operand> value = expressions.Compile(*aggregate.body);
+    complete &= value.has_value();
+    if (value) values.push_back(*value);
   });
-  if (!complete || value) return complete ? value : std::nullopt;
+  if (!complete) return std::nullopt;
+  if (!values.empty()) {
+    std::optional<Operand> result = values.front();
+    for (std::size_t i = 1; i < values.size() && result; ++i) {
+      result = expressions.ApplyBinary(symbol, *result, values[i]);
+    }
+    return result;
+  }
   switch (operation->empty) {
     case Empty::kNumber:
       return Operand{operation->neutral, KivOmbNetwork::kNone, range};

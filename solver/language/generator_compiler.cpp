@@ -64,8 +64,10 @@ std::optional<IntegerSet> GeneratorCompiler::CompileElements(
 std::optional<IntegerSet> GeneratorCompiler::CompileComprehension(
     const Comprehension& comprehension) {
   std::vector<std::int64_t> values;
-  const bool complete = ForEach(comprehension.generators, [&] {
+  bool complete = true;
+  complete &= ForEach(comprehension.generators, [&] {
     const auto value = expressions_.CompileConstant(*comprehension.element, kElement);
+    complete &= value.has_value();
     if (value) values.push_back(*value);
   });
   return complete ? std::optional(IntegerSet::FromValues(std::move(values))) : std::nullopt;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <utility>
 
 #include "solver/language/declared_domain.h"
@@ -45,11 +46,6 @@ Scope::Meaning ParameterCompiler::CompileMeaning(const Parameter& parameter) {
   const std::optional<Kind> kind = FindKind(parameter.kind, diagnostics_);
   const auto shape =
       CompileShape(parameter.declarator, expressions_, budget_.GetLimits(), diagnostics_);
-  // The declared value is read even when another takes its place.
-  std::optional<ParameterValue> declared;
-  if (parameter.value != nullptr && kind) {
-    declared = *kind == Kind::kSet ? CompileSet(*parameter.value) : CompileValue(*parameter.value);
-  }
   const auto given = given_.find(name.text);
   const bool is_given = given != given_.end();
   if (!is_given && parameter.value == nullptr) {
@@ -57,11 +53,22 @@ Scope::Meaning ParameterCompiler::CompileMeaning(const Parameter& parameter) {
                                      "' has no value; give it one with -D '" + name.text +
                                      "=...' or in a file with --data");
   }
-  if (!kind || !shape || (!is_given && !declared)) return Scope::Broken{};
+  if (!kind || !shape) return Scope::Broken{};
   if (*kind == Kind::kSet && !shape->empty()) {
     diagnostics_.Add(parameter.kind.range, "an array of sets is no parameter");
     return Scope::Broken{};
   }
+  // The declared value is read even when another takes its place.
+  std::optional<ParameterValue> declared;
+  if (parameter.value != nullptr) {
+    if (*kind == Kind::kSet) {
+      Scope::Meaning set = CompileSet(*parameter.value);
+      if (!is_given) return set;
+    } else {
+      declared = CompileValue(*parameter.value);
+    }
+  }
+  if (!is_given && !declared) return Scope::Broken{};
 
   ParameterType type{*kind, *shape, {}};
   for (const ExpressionPointer& dimension : parameter.declarator.dimensions) {
@@ -99,24 +106,24 @@ std::optional<ParameterValue> ParameterCompiler::CompileValue(const Expression& 
 
 std::optional<ParameterValue> ParameterCompiler::CompileList(const Comprehension& comprehension) {
   ParameterList list;
-  const bool complete = expressions_.GetGenerators().ForEach(comprehension.generators, [&] {
-    if (auto value = CompileValue(*comprehension.element)) list.push_back(*std::move(value));
+  bool complete = true;
+  complete &= expressions_.GetGenerators().ForEach(comprehension.generators, [&] {
+    auto value = CompileValue(*comprehension.element);
+    complete &= value.has_value();
+    if (value) list.push_back(*std::move(value));
   });
   if (!complete) return std::nullopt;
   return list;
 }
 
-std::optional<ParameterValue> ParameterCompiler::CompileSet(const Expression& expression) {
-  const std::optional<IntegerSet> set = expressions_.GetGenerators().CompileSet(expression);
-  if (!set) return std::nullopt;
-  ParameterList list;
-  const bool complete = set->ForEach([&](std::int64_t value) {
-    if (!budget_.Spend(1, expression.range, diagnostics_)) return false;
-    list.push_back(value);
-    return true;
-  });
-  if (!complete) return std::nullopt;
-  return list;
+Scope::Meaning ParameterCompiler::CompileSet(const Expression& expression) {
+  std::optional<IntegerSet> set = expressions_.GetGenerators().CompileSet(expression);
+  if (!set) return Scope::Broken{};
+  if (!set->IsEmpty() && !(IsModelInteger(set->GetFirst()) && IsModelInteger(set->GetLast()))) {
+    diagnostics_.Add(expression.range, "the set has elements outside " + DescribeModelIntegers());
+    return Scope::Broken{};
+  }
+  return Scope::Set{std::make_shared<const IntegerSet>(*std::move(set))};
 }
 
 }  // namespace kiv

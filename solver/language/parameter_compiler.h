@@ -38,7 +38,7 @@ class KIV_EXPORT ParameterCompiler {
   // The value of an expression in the form of a given one.
   std::optional<ParameterValue> CompileValue(const Expression& expression);
   std::optional<ParameterValue> CompileList(const Comprehension& comprehension);
-  std::optional<ParameterValue> CompileSet(const Expression& expression);
+  Scope::Meaning CompileSet(const Expression& expression);
 
   const std::map<std::string, ParameterValue>& given_;
   ExpressionCompiler& expressions_;

@@ -140,6 +140,7 @@ struct quoted_character
 struct quoted_text : p::star<quoted_character> {};
 struct closing_quote : p::one<'"'> {
   static constexpr const char* kName = "'\"' on the same line";
+  static constexpr bool kClosesStatement = true;
 };
 struct text : p::seq<blanks, p::one<'"'>, quoted_text, expect<closing_quote>> {};
 

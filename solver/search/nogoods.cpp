@@ -38,8 +38,8 @@ void Nogoods::Add(KivOmbNetwork& network, std::size_t first) {
   const auto id = static_cast<ClauseId>(clauses_.size());
   clauses_.push_back({first, literals_.size() - first});
   const auto literals = LiteralsOf(id);
-  std::ranges::partition(literals,
-                         [&](const Literal& literal) { return !IsImpossible(network, literal); });
+  std::partition(literals.begin(), literals.end(),
+                 [&](const Literal& literal) { return !IsImpossible(network, literal); });
   for (const Literal& watched : literals.first(std::min<std::size_t>(2, literals.size()))) {
     watches_[watched.variable].push_back(id);
   }

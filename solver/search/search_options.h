@@ -28,7 +28,7 @@ struct SearchOptions {
   std::optional<Objective> objective;
   SearchLimits limits;
   std::uint64_t seed = 0;
-  // Called after each `progress_interval` nodes.
+  // Called after each `progress_interval` nodes; 0 counts as 1.
   std::function<void(const SearchProgress&)> on_progress;
   std::uint64_t progress_interval = 1000;
 };

@@ -117,7 +117,8 @@ class SearchRun {
     first_open_ = branching.first_open;
     Statistics().peak_depth = std::max(Statistics().peak_depth, path_.size());
     ++Statistics().nodes;
-    if (options_.on_progress && Statistics().nodes % options_.progress_interval == 0) {
+    const std::uint64_t interval = std::max<std::uint64_t>(options_.progress_interval, 1);
+    if (options_.on_progress && Statistics().nodes % interval == 0) {
       UpdateStatistics();
       options_.on_progress(
           {Statistics(), bound_ ? bound_->GetBest() : std::optional<std::int32_t>(), path_.size()});

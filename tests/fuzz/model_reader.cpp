@@ -38,6 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       out << model->Describe(id);
     }
     model->PrintOn(out);
+    model->PrintSolutionOn(out);
   }
   return 0;
 }

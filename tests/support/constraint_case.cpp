@@ -85,7 +85,7 @@ std::vector<ConstraintCase> SmallerCases(const ConstraintCase& constraint) {
       continue;
     }
     for (VariableId other = 0; other < id; ++other) {
-      if (constraint.variables[other].kind == variable.kind) {
+      if (!variable.unknown && constraint.variables[other].kind == variable.kind) {
         cases.push_back(Without(constraint, id, other));
       }
     }

@@ -35,6 +35,9 @@ struct ConstraintCase {
   // tries for them: search must neither leave one open nor end with an overflow. Otherwise it may,
   // and values beyond those that enumeration tries are judged by `holds` alone.
   bool determines = false;
+  // Whether to propagate while nothing is known of any variable. Several constraints can go on for
+  // all integers then, from one bound to the next.
+  bool propagates_unknown = true;
 };
 
 // Puts the constraint under brute force; `seed` drives the random choices, and a failure shows it
@@ -52,8 +55,8 @@ void CheckConstraint(const ConstraintCase& constraint, std::uint64_t seed);
 // What the check finds wrong; nothing for a sound constraint. Reports nothing to GoogleTest.
 std::optional<std::string> FindFailure(const ConstraintCase& constraint, std::uint64_t seed);
 
-// Failing cases that are a little smaller than `constraint`, were they to fail: with fewer values,
-// or with one variable for two of a kind.
+// Cases that are a little smaller: with fewer values, with one variable for two of a kind, or
+// without a variable that is not used.
 std::vector<ConstraintCase> SmallerCases(const ConstraintCase& constraint);
 
 std::string Print(const ConstraintCase& constraint);

@@ -74,19 +74,23 @@ bool IsPossible(const KivOmbNetwork& network, VariableId variable, std::int64_t 
 std::vector<Assignment> EnumerateSolutions(const std::vector<Values>& domains,
                                            const std::function<bool(const Assignment&)>& holds) {
   std::vector<Assignment> solutions;
+  if (std::ranges::any_of(domains, &Values::empty)) return solutions;
+  std::vector<std::size_t> chosen(domains.size(), 0);
   Assignment assignment(domains.size());
-  const std::function<void(std::size_t)> assign = [&](std::size_t i) {
-    if (i == domains.size()) {
-      if (holds(assignment)) solutions.push_back(assignment);
-      return;
+  for (std::size_t i = 0; i < domains.size(); ++i) assignment[i] = domains[i][0];
+  while (true) {
+    if (holds(assignment)) solutions.push_back(assignment);
+    // The next one in order: the last position that has a further value takes it.
+    std::size_t i = domains.size();
+    while (i > 0 && chosen[i - 1] + 1 == domains[i - 1].size()) {
+      --i;
+      chosen[i] = 0;
+      assignment[i] = domains[i][0];
     }
-    for (const std::int32_t value : domains[i]) {
-      assignment[i] = value;
-      assign(i + 1);
-    }
-  };
-  assign(0);
-  return solutions;
+    if (i == 0) return solutions;
+    --i;
+    assignment[i] = domains[i][++chosen[i]];
+  }
 }
 
 FoundSolutions Search(KivOmbNetwork& network) {

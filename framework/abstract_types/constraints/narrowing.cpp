@@ -117,10 +117,16 @@ KivOmbiFilterResult Assign(const KivOmbiObjectEnvironment& environment, unsigned
       i, [&](KivOmbiInteger& domain) { return domain.CalcEqualValue(edge); }));
 }
 
+bool IsBeforeOpenEnd(const KivOmbiDomainSummary& summary, std::int64_t value) {
+  return (summary.upper == kMax && value == kMax - 1) ||
+         (summary.lower == kMin && value == kMin + 1);
+}
+
 KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
                                 std::int32_t value) {
   const KivOmbiDomainSummary& summary = environment.Summary(i);
   if (value < summary.lower || value > summary.upper) return 0;
+  if (IsBeforeOpenEnd(summary, value)) return 0;
   return Verdict(environment.NarrowInteger(
       i, [&](KivOmbiInteger& domain) { return domain.RemoveExactValue(value); }));
 }

@@ -44,7 +44,11 @@ KIV_EXPORT KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& envi
 KIV_EXPORT KivOmbiFilterResult Assign(const KivOmbiObjectEnvironment& environment, unsigned i,
                                       std::int32_t value);
 
-// Argument i <> value.
+// Whether `value` is the last one before an open end of the domain. A constraint leaves it there:
+// without it a domain could hold nothing but what lies beyond the integers, which is no value.
+KIV_EXPORT bool IsBeforeOpenEnd(const KivOmbiDomainSummary& summary, std::int64_t value);
+
+// Argument i <> value, but for a value before an open end.
 KIV_EXPORT KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
                                            std::int32_t value);
 

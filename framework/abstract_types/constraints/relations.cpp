@@ -84,7 +84,8 @@ KivOmbiConstraint::Cost KivOmbiUnequalTernaryConstraint::GetCost() const { retur
 
 std::int64_t KivOmbiUnequalTernaryConstraint::GetWakingEvents(unsigned index,
                                                               unsigned arguments) const {
-  return WakingEvents(GetWrittenRight(), index, arguments, kKivFixed);
+  // A bound can move to the other's value that an interval could not lose before.
+  return WakingEvents(GetWrittenRight(), index, arguments, kKivFixed | kKivBounds);
 }
 
 bool KivOmbiUnequalTernaryConstraint::Holds(std::span<const std::int64_t> values) const {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/linear_posting.h"
 #include "tests/support/enumeration.h"
@@ -85,6 +87,40 @@ TEST_P(Overflow, SumsAtTheVeryEndsAreExact) {
   ASSERT_EQ(network_.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(network_.GetSummary(z).lower, 0);
   EXPECT_TRUE(network_.GetSummary(z).IsFixed());
+}
+
+TEST_P(Overflow, ProductsPowersAndSuccessorsBeyondTheRangeAreToldAsWell) {
+  const auto* kind = OpenModules().FindKind(GetParam());
+  for (const auto& [symbol, left, right] :
+       {std::tuple{"*", 65536, 65536}, {"*", -65536, 65536}, {"^", 2, 31}, {"^", -3, 21}}) {
+    SCOPED_TRACE(symbol);
+    for (const bool bounded : {false, true}) {
+      KivOmbNetwork network;
+      const auto x = Declare(network, {kind, {left}});
+      const auto y = Declare(network, {kind, {right}});
+      const auto z = Declare(network, {kind, bounded ? Values{-7, 7} : Values{}});
+      network.Post(*OpenModules().operators.Resolve(symbol, {kind, kind}), x, y, z);
+      EXPECT_EQ(network.Propagate(), bounded ? Outcome::kContradiction : Outcome::kOverflow);
+    }
+  }
+  network_.Post(*OpenModules().operators.Resolve("next", {kind}), Add({kMost}),
+                KivOmbNetwork::kNone, Add({}));
+  EXPECT_EQ(network_.Propagate(), Outcome::kOverflow);
+}
+
+TEST(OpenEnd, KeepsItsLastValueSoThatNothingBeyondTheRangeIsTakenForOne) {
+  const auto* kind = OpenModules().FindKind("interval int");
+  KivOmbNetwork network;
+  const auto x = Declare(network, {kind, {}});
+  const auto y = Declare(network, {kind, {kMost}});
+  const auto row = [&](const char* symbol) {
+    return OpenModules().operators.Resolve(symbol, {kind, kind});
+  };
+  network.Post(*row(">="), x, y, KivOmbNetwork::kNone);
+  network.Post(*row("<>"), x, y, KivOmbNetwork::kNone);
+  ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
+  EXPECT_EQ(network.GetSummary(x).lower, kMost);
+  EXPECT_FALSE(network.GetSummary(x).IsFixed());
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Overflow, testing::Values("enum int", "interval int"),

@@ -4,6 +4,8 @@
 
 namespace kiv::test {
 
+const char* const kKinds[3] = {"int", "interval int", "enum int"};
+
 Sample RandomSample(std::mt19937_64& random, std::initializer_list<const char*> kinds) {
   constexpr int kEnd = 6;
   const auto pick = [&](int lower, int upper) {

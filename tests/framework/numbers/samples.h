@@ -15,7 +15,8 @@ namespace kiv::test {
 
 using Values = std::vector<std::int32_t>;
 
-inline constexpr const char* kKinds[] = {"int", "interval int", "enum int"};
+// Single, interval and enumerated integer. Samples name one of these very strings.
+extern const char* const kKinds[3];
 
 // A domain to be, as kind and values; no values at all in `values` is Nil, none known is Any.
 struct Sample {

@@ -54,10 +54,6 @@ const Strategy kStrategies[] = {
      [](KivOmbNetwork& network, std::span<const VariableId> variables, const TermOffsets& offsets) {
        PostAllDifferent(network, variables, AllDifferentStrength::kBounds, offsets);
      }},
-    {"Automatic", Strength::kWeaker,
-     [](KivOmbNetwork& network, std::span<const VariableId> variables, const TermOffsets& offsets) {
-       PostAllDifferent(network, variables, AllDifferentStrength::kAutomatic, offsets);
-     }},
 };
 
 class AllDifferentStrengths : public testing::TestWithParam<Strategy> {};
@@ -209,6 +205,26 @@ TEST(AllDifferentStrength, AnOpenBoundIsNoValueToLose) {
     PostAllDifferent(network, arguments, strength, {1, 0});
     ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
     EXPECT_EQ(Text(network, arguments[1]), "[5, Max]");
+  }
+}
+
+// All that is left for the open one lies beyond the integers, as long as it is open.
+TEST(AllDifferentStrength, AnOpenIntervalAtTheEndStaysUnderWatch) {
+  for (const auto strength : {AllDifferentStrength::kValues, AllDifferentStrength::kBounds,
+                              AllDifferentStrength::kDomain}) {
+    KivOmbNetwork network;
+    const std::array arguments{Declare(network, {Kind("int"), {2147483646}}),
+                               Declare(network, {Kind("interval int"), {}})};
+    PostAllDifferent(network, arguments, strength);
+    network.Propagate();
+    network.Update(arguments[1], [](KivOmbiAny& domain) {
+      static_cast<KivOmbiInteger&>(domain).SetLowerBound(2147483646);
+    });
+    network.Propagate();
+    network.Update(arguments[1], [](KivOmbiAny& domain) {
+      static_cast<KivOmbiInteger&>(domain).SetUpperBound(2147483646);
+    });
+    EXPECT_EQ(network.Propagate(), Outcome::kContradiction);
   }
 }
 

@@ -111,9 +111,10 @@ TEST(Cumulative, TheCapacityIsAtLeastThePeak) {
 
 TEST(Cumulative, ADurationEndsBeforeTheNextConflict) {
   KivOmbNetwork network;
-  const std::vector<Task> tasks{{{10}, {5}, {1}}, {{2, 4}, {0, 100}, {1}}};
+  const std::vector<Task> tasks{
+      {{2, 4}, {0, 100}, {1}}, {{0}, {1}, {1}}, {{10}, {5}, {1}}, {{50}, {5}, {1}}};
   ASSERT_EQ(PostTasks(network, tasks, {1}), Outcome::kFixpoint);
-  EXPECT_EQ(Text(network, 3), "[0, 8]");
+  EXPECT_EQ(Text(network, 4), "[0, 8]");
 }
 
 TEST(Cumulative, ATaskThatNeedsMoreThanThereIsDoesNotRun) {

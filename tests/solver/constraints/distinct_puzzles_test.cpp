@@ -114,6 +114,9 @@ struct Posting {
 class SteadyState : public testing::TestWithParam<Posting> {};
 
 TEST_P(SteadyState, DescendingAndBacktrackingAgainAllocatesNothing) {
+#ifndef NDEBUG
+  GTEST_SKIP() << "assertions ask for the ground truth, which takes memory";
+#endif
   KivOmbNetwork network;
   const auto variables = DeclareMany(network, 8, Range(0, 7));
   GetParam().post(network, variables);

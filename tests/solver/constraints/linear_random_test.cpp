@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <span>
 
 #include "solver/constraints/linear_posting.h"
 #include "tests/support/constraint_case.h"
@@ -122,8 +123,8 @@ ConstraintCase RandomCase(Generator& random, const Shape& shape, int most, const
       chosen.push_back(chosen[0]);
     } else {
       arguments.push_back(static_cast<VariableId>(variables.size()));
-      variables.push_back(
-          RandomVariable(random, PickOf(random, kIntegerKinds), values, most > 3 ? 3 : 6));
+      const auto* kind = PickOf(random, IntegerKinds());
+      variables.push_back({kind, RandomValues(random, *kind, values, most > 3 ? 3 : 6)});
       chosen.push_back(PickOf(random, variables.back().values));
     }
     coefficients.push_back(PickOf(random, choice));
@@ -159,6 +160,22 @@ TEST_P(LinearRandom, FewTerms) {
   for (std::uint64_t seed = first; seed < first + Times(400); ++seed) {
     Generator random(seed);
     CheckConstraint(RandomCase(random, GetParam(), 3, Range(-6, 6), kSmall), seed);
+    if (HasFailure()) return;
+  }
+}
+
+// One of the variables starts unknown, and what is known of it comes from the others alone.
+TEST_P(LinearRandom, AnUnknownTerm) {
+  const std::uint64_t first = Seed(1);
+  for (std::uint64_t seed = first; seed < first + Times(200); ++seed) {
+    Generator random(seed);
+    ConstraintCase constraint = RandomCase(random, GetParam(), 3, Range(-6, 6), kSmall);
+    const auto terms = std::span(constraint.arguments)
+                           .first(constraint.arguments.size() - (GetParam().reification ? 1 : 0));
+    if (terms.empty()) continue;
+    Declared& unknown = constraint.variables[PickOf(random, terms)];
+    unknown = {unknown.kind, Range(-40, 40), true};
+    CheckConstraint(constraint, seed);
     if (HasFailure()) return;
   }
 }

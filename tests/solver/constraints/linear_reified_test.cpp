@@ -117,12 +117,13 @@ TEST_F(Reified, AKnownTruthImposesTheRelationOrItsOpposite) {
 
 TEST_F(Reified, TellsItsGroundTruth) {
   using Values3 = std::array<std::int64_t, 3>;
-  const LinearReified equivalent({1, 1}, LinearRelation::kLess, 5, Reification::kEquivalence);
+  const LinearReified equivalent({1, 1}, LinearRelation::kLessOrEqual, 4,
+                                 Reification::kEquivalence);
   EXPECT_TRUE(equivalent.Holds(Values3{2, 2, 1}));
   EXPECT_FALSE(equivalent.Holds(Values3{2, 2, 0}));
   EXPECT_TRUE(equivalent.Holds(Values3{3, 2, 0}));
   EXPECT_FALSE(equivalent.Holds(Values3{3, 2, 1}));
-  const LinearReified implied({1, 1}, LinearRelation::kLess, 5, Reification::kImplication);
+  const LinearReified implied({1, 1}, LinearRelation::kLessOrEqual, 4, Reification::kImplication);
   EXPECT_TRUE(implied.Holds(Values3{2, 2, 0}));
   EXPECT_FALSE(implied.Holds(Values3{3, 2, 1}));
 }

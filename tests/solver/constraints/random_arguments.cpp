@@ -21,12 +21,15 @@ void RandomArguments::Add(const Values& pool, int most, int repeated) {
     kind = *std::ranges::find_if(
         kinds, [](const auto* candidate) { return ShapeOf(*candidate) == KindShape::kSet; });
   }
-  variables.push_back({kind, RandomValues(random, *kind, pool, static_cast<std::size_t>(most))});
+  variables.push_back({.kind = kind,
+                       .values = RandomValues(random, *kind, pool, static_cast<std::size_t>(most)),
+                       .unknown = OneIn(random, 12)});
 }
 
 bool RandomArguments::AreSets() const {
   return std::ranges::all_of(variables, [](const Declared& variable) {
-    return ShapeOf(*variable.kind) == KindShape::kSet || variable.values.size() == 1;
+    const bool is_set = ShapeOf(*variable.kind) == KindShape::kSet || variable.values.size() == 1;
+    return is_set && !variable.unknown;
   });
 }
 

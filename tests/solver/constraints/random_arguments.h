@@ -17,7 +17,8 @@ struct RandomArguments {
   bool repeats = false;  // some variable is named twice
 
   // Adds an argument: a new variable of any kind of integer with at most `most` values of `pool`,
-  // or, once in `repeated` times (0: never), one that is an argument already.
+  // now and then unknown at the start, or, once in `repeated` times (0: never), one that is an
+  // argument already.
   void Add(const Values& pool, int most, int repeated);
   // Whether all variables are of kinds that can lose inner values.
   bool AreSets() const;

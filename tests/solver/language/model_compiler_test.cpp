@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -171,6 +172,133 @@ TEST(Models, ParametersCanBeGiven) {
   options.parameters = {{"n", 1}};
   EXPECT_EQ(ErrorsOf("n : int = 3; solve;", options),
             "m.kiv: error: the model has no parameter 'n'\n  parameters: none\n");
+}
+
+TEST(Models, ArraysHaveRowsAndColumns) {
+  EXPECT_EQ(SolutionsOf("g[1..2, 0..2] : enum int = 1..6; all_different(g);"
+                        "for i in 1..2 { g[i, 0] < g[i, 1] < g[i, 2]; }"
+                        "for j in 0..2 { g[1, j] < g[2, j]; } g[2, 0] = 4; solve;"),
+            (Solutions{"g = [[1, 2, 3],\n     [4, 5, 6]]\n"}));
+  // A column crosses the rows.
+  EXPECT_EQ(SolutionsOf("g[2, 2] : enum int = 1..2; all_different(g[1, *]); all_different(g[*, 2]);"
+                        "g[1, 1] = 1; g[2, 1] = 1; solve;"),
+            (Solutions{"g = [[1, 2],\n     [1, 1]]\n"}));
+  EXPECT_EQ(SolutionsOf("e[3, 0] : int; f[0, 3] : int; all_different(f[*, 2], e[2, *]); solve;"),
+            (Solutions{"e = [[],\n     [],\n     []]\nf = []\n"}));
+}
+
+TEST(Models, ListsSpreadTheirElements) {
+  EXPECT_EQ(SolutionsOf("x, y : enum int = 1..2; all_different([x, 3, [y]]); x < y; solve;"),
+            (Solutions{"x = 1\ny = 2\n"}));
+  EXPECT_EQ(SolutionsOf("q[3] : enum int = 1..3; q[1] > q[2] > q[3];"
+                        "all_different([q[i] + i | i in 1..3 where i <> 2], 9); solve;"),
+            Solutions{});
+}
+
+TEST(Models, GeneratorsRunThroughSetsAndArrays) {
+  EXPECT_EQ(
+      SolutionsOf("param s : set = { 4, 1 }; param w[3] : int = [5, 2, 5];"
+                  "x : int = sum(i in s)(10*i); y : int = sum(i in w)(i);"
+                  "z : int = sum(i in { k*k | k in 1..3 }, j in i..5 where j > 3)(j); solve;"),
+      (Solutions{"x = 50\ny = 12\nz = 18\n"}));
+  EXPECT_EQ(SolutionsOf("x : int = sum(i in 1..0)(i); y : int = product(i in 1..0)(i); solve;"),
+            (Solutions{"x = 0\ny = 1\n"}));
+  EXPECT_EQ(SolutionsOf("x : int = max(i in 1..4)(i * (5 - i)) - min(i in 1..4)(i - 3); solve;"),
+            (Solutions{"x = 8\n"}));
+}
+
+TEST(Models, AggregatesOfVariablesConstrain) {
+  EXPECT_EQ(SolutionsOf("q[3] : enum int = 0..2; sum(i in 1..3)(q[i]) = 1;"
+                        "forall(i in 1..2)(q[i] <= q[i + 1]); solve;"),
+            (Solutions{"q = [0, 0, 1]\n"}));
+  EXPECT_EQ(SolutionsOf("q[2] : enum int = 0..1; exists(i in 1..2)(q[i] == 1);"
+                        "t : bool; t = forall(i in 1..2)(q[i] == 1); t = false; q[1] = 0; solve;"),
+            (Solutions{"q = [0, 1]\nt = false\n"}));
+}
+
+TEST(Models, ConditionsChoose) {
+  const std::string model =
+      "param n : int = 3; param b : bool = false; param s : set = { 1, 3 };"
+      "x, y : enum int = 0..9;"
+      "if n in s and not (n = 1) { x = 1; } else if b { x = 2; } else { x = 3; }"
+      "y = if b or n > 5 then 7 else 8; solve;";
+  EXPECT_EQ(SolutionsOf(model), (Solutions{"x = 1\ny = 8\n"}));
+  CompileOptions options;
+  options.parameters = {{"n", 1}, {"b", true}};
+  EXPECT_EQ(SolutionsOf(model, options), (Solutions{"x = 2\ny = 7\n"}));
+  options.parameters = {{"n", 1}};
+  EXPECT_EQ(SolutionsOf(model, options), (Solutions{"x = 3\ny = 8\n"}));
+}
+
+TEST(Models, ConditionsOfGeneratorsLeaveOut) {
+  EXPECT_EQ(
+      SolutionsOf("q[4] : enum int = 0..1;"
+                  "for i in 1..4, j in 1..4 where i < j and i + j = 5 { q[i] < q[j]; } solve;"),
+      (Solutions{"q = [0, 0, 1, 1]\n"}));
+}
+
+TEST(Models, ParametersHaveAllShapes) {
+  const std::string model =
+      "param w[] : int; param a[2, ] : int = [[1, 2, 3], [4, 5, 6]]; param t[2] : bool;"
+      "param s : set; c[size(w)] : enum int = s; x : int = a[2, 3] + size(a) + size(a, 2);"
+      "b : bool = t[2]; forall(i in 1..size(w))(c[i] = w[i]); solve;";
+  CompileOptions options;
+  options.parameters = {{"w", ParameterList{std::int64_t{3}, std::int64_t{1}}},
+                        {"t", ParameterList{true, false}},
+                        {"s", ParameterList{std::int64_t{3}, std::int64_t{1}}}};
+  EXPECT_EQ(SolutionsOf(model, options), (Solutions{"c = [3, 1]\nx = 15\nb = false\n"}));
+  options.parameters.insert_or_assign("w", ParameterValue(true));
+  EXPECT_EQ(
+      ErrorsOf(model, options).substr(0, 84),
+      "m.kiv:1:7: error: the value given for 'w' is true; expected a list\n  param w[] : int");
+}
+
+TEST(Models, SetsAreDomains) {
+  EXPECT_EQ(SolutionsOf("param s : set = { 5, 1 }; param w[2] : int = [2, 2]; x : enum int = s;"
+                        "y : enum int = w; z : interval int = { 2*i | i in 1..2 }; x > z; solve;"),
+            (Solutions{"x = 5\ny = 2\nz = 2\n", "x = 5\ny = 2\nz = 4\n"}));
+}
+
+TEST(Models, TellTheirGoalAndStrategy) {
+  const SourceText source("m.kiv",
+                          "x, y : enum int = 1..3; q[2] : enum int = 1..3;"
+                          "branch on y, q by max_regret, upper_half; branch on x by smallest;"
+                          "maximize x;");
+  Diagnostics diagnostics(source);
+  const auto model = ReadModel(source, StandardVocabulary(), {}, diagnostics);
+  ASSERT_NE(model, nullptr);
+  EXPECT_EQ(model->GetGoal().kind, GoalKind::kMaximize);
+  EXPECT_EQ(model->GetGoal().objective, 0u);
+  ASSERT_EQ(model->GetStrategy().size(), 2u);
+  EXPECT_EQ(model->GetStrategy()[0].variables, (std::vector<KivOmbNetwork::VariableId>{1, 2, 3}));
+  EXPECT_EQ(model->GetStrategy()[0].variable_choice, VariableChoice::kMaxRegret);
+  EXPECT_EQ(model->GetStrategy()[0].value_choice, ValueChoice::kUpperHalf);
+  EXPECT_EQ(model->GetStrategy()[1].variable_choice, VariableChoice::kSmallest);
+  EXPECT_EQ(model->GetStrategy()[1].value_choice, ValueChoice::kSmallest);
+}
+
+TEST(Models, ShowWhatTheySay) {
+  const auto shown = [](const std::string& show) {
+    const SourceText source("m.kiv",
+                            "param n : int = 2; param b : bool = true; x : int = 3;"
+                            "g[2, 2] : enum int = 7; q[2] : int = 1; solve; " +
+                                show);
+    Diagnostics diagnostics(source);
+    const auto model = ReadModel(source, StandardVocabulary(), {}, diagnostics);
+    if (model == nullptr || model->GetNetwork().Propagate() != KivOmbNetwork::Outcome::kFixpoint) {
+      return std::string("wrong");
+    }
+    std::ostringstream out;
+    model->PrintSolutionOn(out);
+    return out.str();
+  };
+  EXPECT_EQ(shown(""), "x = 3\ng = [[7, 7],\n     [7, 7]]\nq = [1, 1]\n");
+  EXPECT_EQ(shown("show \"x is \", x, \"\\n\";"), "x is 3\n");
+  EXPECT_EQ(shown("show g; show \"\\n\", q, g[1, *];"), "7 7\n7 7\n[1, 1][7, 7]\n");
+  EXPECT_EQ(shown("show n + 1, \" \", b, \" \", x * 2, \" \", x < 2, \" \", [x, i | i in 1..2];"),
+            "wrong");
+  EXPECT_EQ(shown("show n + 1, \" \", b, \" \", x * 2, \" \", x < 2, \" \", [i | i in 1..n];"),
+            "3 true 6 false [1, 2]\n");
 }
 
 TEST(Models, EachConstraintKnowsWhereItComesFrom) {

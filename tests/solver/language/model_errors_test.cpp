@@ -71,6 +71,36 @@ TEST(SyntaxErrors, SayWhatWasExpectedAndWhatIsThere) {
             "m.kiv:1:5: error: expected an operand, found the byte 0xFF");
 }
 
+TEST(SyntaxErrors, SayWhatLaterStatementsExpect) {
+  EXPECT_EQ(FirstLine("for i in s where ; solve;"),
+            "m.kiv:1:18: error: expected a condition, found ';'");
+  EXPECT_EQ(FirstLine("if n > 1 x = 1; solve;"),
+            "m.kiv:1:10: error: expected an operator or '{', found 'x'");
+  EXPECT_EQ(FirstLine("if b { } else x = 1; solve;"),
+            "m.kiv:1:15: error: expected '{' or 'if', found 'x'");
+  EXPECT_EQ(FirstLine("x = if b 1 else 2; solve;"),
+            "m.kiv:1:10: error: expected an operator or 'then', found '1'");
+  EXPECT_EQ(FirstLine("x = if b then 1; solve;"),
+            "m.kiv:1:16: error: expected an operator or 'else', found ';'");
+  EXPECT_EQ(FirstLine("x = sum(i in s); solve;"), "m.kiv:1:16: error: expected '(', found ';'");
+  EXPECT_EQ(FirstLine("x = g[1, ]; solve;"),
+            "m.kiv:1:10: error: expected an expression or '*', found ']'");
+  EXPECT_EQ(FirstLine("f(x) with; solve;"), "m.kiv:1:10: error: expected a name, found ';'");
+  EXPECT_EQ(FirstLine("param w[] : int [1]; solve;"),
+            "m.kiv:1:17: error: expected '=' and a value, or ';', found '['");
+  EXPECT_EQ(FirstLine("branch x by smallest; solve;"),
+            "m.kiv:1:8: error: expected 'on', found 'x'");
+  EXPECT_EQ(FirstLine("branch on x, y; solve;"),
+            "m.kiv:1:15: error: expected an operator, ',' or 'by', found ';'");
+  EXPECT_EQ(FirstLine("solve al;"), "m.kiv:1:7: error: expected ';' or 'all', found 'al'");
+  EXPECT_EQ(FirstLine("solve; show \"a\nb\";"),
+            "m.kiv:1:15: error: expected '\"' on the same line, found 'b'");
+  EXPECT_EQ(FirstLine("solve; show \"a\\q\";"),
+            "m.kiv:1:16: error: expected one of the escapes \\n, \\t, \\\" and \\\\, found 'q'");
+  EXPECT_EQ(FirstLine("solve; show ;"),
+            "m.kiv:1:13: error: expected a text or an expression, found ';'");
+}
+
 TEST(SyntaxErrors, AreMarkedWhereSomethingIsMissing) {
   EXPECT_EQ(ErrorsOf("x = 1  # one\ny = 2;\nsolve;"),
             "m.kiv:1:6: error: expected an operator or ';', found 'y'\n"
@@ -278,6 +308,76 @@ TEST(StatementErrors, ConnectivesNeedTruthValues) {
   EXPECT_EQ(LinesWithVariables("true or x; not 1;"),
             "m.kiv:2:6: error: operator 'or' is not known for bool, enum int\n"
             "m.kiv:2:12: error: operator 'not' is not known for int\n");
+}
+
+TEST(NameErrors, IndicesFitTheDimensions) {
+  EXPECT_EQ(Lines("g[1..2, 0..1] : int; q[0..3] : int;\n"
+                  "g = 1; g[1] = 1; g[1, 2] = 1; g[1, *] = 1; q[1, 1] = 1; q[4] = 1; solve;"),
+            "m.kiv:2:1: error: 'g' is an array with indices 1..2, 0..1; write 'g[..., ...]'\n"
+            "m.kiv:2:8: error: 'g' has 2 indices, 1..2, 0..1, not 1\n"
+            "m.kiv:2:23: error: the index 2 of 'g' is outside 0..1\n"
+            "m.kiv:2:31: error: a row or column of 'g' stands only where a list can: as an "
+            "argument of a call\n"
+            "m.kiv:2:44: error: 'q' has 1 index, 0..3, not 2\n"
+            "m.kiv:2:59: error: the index 4 of 'q' is outside 0..3\n");
+  EXPECT_EQ(Lines("a[1, 2, 3] : int; b[2000, 2000] : int; c[-9999999999..1] : int; solve;"),
+            "m.kiv:1:1: error: an array has one or two dimensions, not 3\n"
+            "m.kiv:1:19: error: the array has 4000000 elements, more than 1000000\n"
+            "m.kiv:1:42: error: the indices of an array are outside -2147483646..2147483646\n");
+}
+
+TEST(ParameterErrors, SayWhatWasExpected) {
+  EXPECT_EQ(Lines("param n : int; param w[3] : int = [1, 2]; param a[2, 2] : int = [[1, 2], 3];"
+                  "param b : bool = [true]; param s : set = 5; param t[2] : set = { 1 };"
+                  "param k : interval int = 1; x : int; param v : int = x; solve;"),
+            "m.kiv:1:7: error: the parameter 'n' has no value; give it one with -D 'n=...' or in a "
+            "file with --data\n"
+            "m.kiv:1:35: error: the value of 'w' is a list of 2; expected 3 elements with indices "
+            "1..3\n"
+            "m.kiv:1:65: error: element 2 of the value of 'a' is 3; expected a list\n"
+            "m.kiv:1:94: error: the value of 'b' is a list of 1; expected true or false\n"
+            "m.kiv:1:118: error: expected a range such as 1..9, a set such as { 1, 3 }, or a "
+            "parameter that is a set or an array\n"
+            "m.kiv:1:134: error: an array of sets is no parameter\n"
+            "m.kiv:1:156: error: a parameter is an 'int', a 'bool' or a 'set'\n"
+            "m.kiv:1:199: error: the value of a parameter must be made of numbers, parameters and "
+            "loop variables\n");
+}
+
+TEST(ConditionErrors, ConditionsAreConstantTruthValues) {
+  EXPECT_EQ(LinesWithVariables("if x > 1 { } if 3 { } if t { } for i in 1..2 where c[i] = 1 { }"
+                               "if 1 < 2 < 3 { } for i in x { } for i in 1..2..3 { }"),
+            "m.kiv:2:73: error: relations that ask do not chain; write 'and' between two of them\n"
+            "m.kiv:2:109: error: a range has two ends\n");
+  EXPECT_EQ(LinesWithVariables("if x > 1 { } if 3 { } if t { } for i in 1..2 where c[i] = 1 { }"
+                               "for i in x { }"),
+            "m.kiv:2:4: error: a condition must be made of numbers, parameters and loop variables\n"
+            "m.kiv:2:17: error: a condition is a truth value such as 'i < j'\n"
+            "m.kiv:2:26: error: a condition must be made of numbers, parameters and loop "
+            "variables\n"
+            "m.kiv:2:52: error: a condition must be made of numbers, parameters and loop "
+            "variables\n"
+            "m.kiv:2:73: error: expected a range such as 1..9, a set such as { 1, 3 }, or a "
+            "parameter that is a set or an array\n");
+}
+
+TEST(ConditionErrors, RangesSetsAndListsAreNoValues) {
+  EXPECT_EQ(LinesWithVariables("x = 1..2; x = { 1 }; x = [y]; x = [i | i in 1..2];"),
+            "m.kiv:2:5: error: a range is no value; it stands behind 'in' or as a domain\n"
+            "m.kiv:2:15: error: a set is no value; it stands behind 'in' or as a domain\n"
+            "m.kiv:2:26: error: a list is no value; it stands as an argument of a call\n"
+            "m.kiv:2:35: error: a list is no value; it stands as an argument of a call\n");
+}
+
+TEST(StatementErrors, ChoicesOfASearchHaveNames) {
+  EXPECT_EQ(LinesWithVariables("branch on x by first_fial, lower; branch on 3 by smallest;"),
+            "m.kiv:2:16: error: unknown choice of variables 'first_fial'; did you mean "
+            "'first_fail'?\n"
+            "m.kiv:2:28: error: unknown choice of values 'lower'\n"
+            "m.kiv:2:45: error: 'branch' takes variables, not constants\n");
+  EXPECT_EQ(
+      Lines("t : bool; minimize t;"),
+      "m.kiv:1:20: error: an integer can be as small or as great as possible, not a 'bool'\n");
 }
 
 TEST(StatementErrors, AllDifferentIsAStatementOverIntegers) {

@@ -220,6 +220,94 @@ TEST(Parser, ReadsStatements) {
   EXPECT_EQ(source.Quote(tree->statements[5].range), "solve;");
 }
 
+TEST(Parser, ReadsArraysOfTwoDimensions) {
+  EXPECT_EQ(Read("g[i, j + 1] = g[0, 0]"), "(g[i,(j + 1)] = g[0,0])");
+  EXPECT_EQ(Read("f(g[i, *], g[*, 2 * j], q[*])"), "f(g[i,*],g[*,(2 * j)],q[*])");
+  const SourceText source(
+      "m.kiv", "g[1..9, n], q[0..n-1] : int; param w[] : int; param a[2, ] : set; solve;");
+  const auto tree = Parse(source);
+  ASSERT_TRUE(tree);
+  const auto& grid = std::get<Declaration>(tree->statements[0].form);
+  ASSERT_EQ(grid.declarators.at(0).dimensions.size(), 2u);
+  EXPECT_EQ(Structure(*grid.declarators[0].dimensions[0]), "(1..9)");
+  EXPECT_EQ(Structure(*grid.declarators.at(1).dimensions.at(0)), "(0..(n - 1))");
+  const auto& open = std::get<Parameter>(tree->statements[1].form);
+  ASSERT_EQ(open.declarator.dimensions.size(), 1u);
+  EXPECT_EQ(open.declarator.dimensions[0], nullptr);
+  EXPECT_EQ(open.value, nullptr);
+  const auto& half = std::get<Parameter>(tree->statements[2].form);
+  ASSERT_EQ(half.declarator.dimensions.size(), 2u);
+  EXPECT_NE(half.declarator.dimensions[0], nullptr);
+  EXPECT_EQ(half.declarator.dimensions[1], nullptr);
+}
+
+TEST(Parser, ReadsListsSetsAndMemberships) {
+  EXPECT_EQ(Read("table([x, y], [[1, 2], [3, -4]], [])"), "table([x,y],[[1,2],[3,(- 4)]],[])");
+  EXPECT_EQ(Read("f([q[i] + 1 | i in 1..n, j in s where i < j])"),
+            "f([(q[i] + 1) | i in (1..n),j in s where (i << j)])");
+  EXPECT_EQ(Read("t = x in { 1, 2 } and not y + 1 in 1..n-1"),
+            "(t = ((x in {1,2}) and (not ((y + 1) in (1..(n - 1))))))");
+  EXPECT_EQ(Read("x in { i*i | i in s }"), "(x in {(i * i) | i in s})");
+  EXPECT_EQ(Read("(x) in s"), "(x in s)");
+}
+
+TEST(Parser, ReadsAggregates) {
+  EXPECT_EQ(Read("sum(i in 1..n, j in i..n where i + j = 9)(g[i, j]) <= 3"),
+            "(sum(i in (1..n),j in (i..n) where ((i + j) == 9))(g[i,j]) <= 3)");
+  EXPECT_EQ(Read("forall(i in s)(exists(j in s)(x == j))"),
+            "forall(i in s)(exists(j in s)((x == j)))");
+  EXPECT_EQ(Read("count((x in s))"), "count((x in s))");
+}
+
+TEST(Parser, RelationsOfConditionsAsk) {
+  EXPECT_EQ(Read("x = if i = 1 and j <> 2 or i <= j then (x < y) else 3"),
+            "(x = (if (((i == 1) and (not (j == 2))) or (i <== j)) then (x < y) else 3))");
+  EXPECT_EQ(Read("f([i | i in s where (i < 2) = b])"), "f([i | i in s where ((i << 2) == b)])");
+  EXPECT_EQ(Read("x = if a then if b then 1 else 2 else 3"),
+            "(x = (if a then (if b then 1 else 2) else 3))");
+}
+
+TEST(Parser, ReadsConditionsAndAnnotations) {
+  const SourceText source(
+      "m.kiv",
+      "if n > 1 { x = 1; for i in s { } } else if b { } else { y = 2; z = 3; }\n"
+      "all_different(q) with bounds, decomposed; solve;");
+  const auto tree = Parse(source);
+  ASSERT_TRUE(tree);
+  const auto& outer = std::get<ConditionalStatement>(tree->statements[0].form);
+  EXPECT_EQ(Structure(outer.condition), "(n >> 1)");
+  EXPECT_EQ(outer.first.size(), 2u);
+  ASSERT_EQ(outer.second.size(), 1u);
+  const auto& inner = std::get<ConditionalStatement>(outer.second[0].form);
+  EXPECT_EQ(Structure(inner.condition), "b");
+  EXPECT_EQ(inner.first.size(), 0u);
+  EXPECT_EQ(inner.second.size(), 2u);
+  const auto& constraint = std::get<Constraint>(tree->statements[1].form);
+  ASSERT_EQ(constraint.annotations.size(), 2u);
+  EXPECT_EQ(constraint.annotations[1].text, "decomposed");
+}
+
+TEST(Parser, ReadsGoalsAndWhatGoesWithThem) {
+  const SourceText source(
+      "m.kiv",
+      "branch on x, g[1, *] by first_fail, smallest; branch on all by largest;\n"
+      "minimize x + 1; show \"a\\n\\t\\\"\\\\#\", x < y, on;");
+  const auto tree = Parse(source);
+  ASSERT_TRUE(tree);
+  const auto& branch = std::get<BranchStatement>(tree->statements[0].form);
+  EXPECT_EQ(branch.variables.size(), 2u);
+  EXPECT_EQ(branch.variable_choice.text, "first_fail");
+  EXPECT_EQ(branch.value_choice.text, "smallest");
+  EXPECT_EQ(std::get<BranchStatement>(tree->statements[1].form).value_choice.text, "");
+  const auto& goal = std::get<Goal>(tree->statements[2].form);
+  EXPECT_EQ(goal.kind, GoalKind::kMinimize);
+  EXPECT_EQ(Structure(*goal.objective), "(x + 1)");
+  const auto& show = std::get<ShowStatement>(tree->statements[3].form);
+  ASSERT_EQ(show.items.size(), 3u);
+  EXPECT_EQ(std::get<TextLiteral>(show.items[0]).text, "a\n\t\"\\#");
+  EXPECT_EQ(Structure(std::get<Expression>(show.items[1])), "(x << y)");
+}
+
 TEST(Parser, RangesCoverWhatIsWritten) {
   const SourceText source("m.kiv", "  (x + 1) * y = z ; solve;");
   const auto tree = Parse(source);
@@ -259,7 +347,8 @@ TEST(Parser, NestsToTheDepthThatIsPromised) {
 
 TEST(Parser, RefusesToNestDeeper) {
   for (const std::string open :
-       {"(", "f(", "c[", "-", "abs ", "not ", "a == not ", "2^", "(int) ", "for i in 1..2 {"}) {
+       {"(", "f(", "c[", "-", "abs ", "not ", "a == not ", "2^", "(int) ", "for i in 1..2 {", "[",
+        "{", "if ", "if b {", "if b { } else ", "sum(i in ", "[1 | i in ", "(if a then ", "not "}) {
     const SourceText source("m.kiv", Repeat(open, 100000));
     Diagnostics diagnostics(source);
     EXPECT_FALSE(ParseModel(source, diagnostics));
@@ -271,7 +360,9 @@ TEST(Parser, RefusesToNestDeeper) {
 
 TEST(Parser, TakesAnyBytes) {
   for (int byte = 0; byte < 256; ++byte) {
-    for (const std::string prefix : {"", "x ", "x = ", "x : ", "for ", "c[1", "12", "x = 1; "}) {
+    for (const std::string prefix :
+         {"", "x ", "x = ", "x : ", "for ", "c[1", "12", "x = 1; ", "g[1,", "[x |", "show \"",
+          "show \"\\", "if ", "branch on x by "}) {
       const SourceText source("m.kiv", prefix + static_cast<char>(byte));
       Diagnostics diagnostics(source);
       EXPECT_FALSE(ParseModel(source, diagnostics));

@@ -22,6 +22,9 @@ constexpr std::uint64_t kModels = 120;
 constexpr std::uint64_t kModels = 12;
 #endif
 
+// Whether so many models are tried that some must fail, restart and improve.
+bool ProvesMuch() { return kModels >= 100 && std::getenv("KIV_SEED") == nullptr; }
+
 void ForEachModel(const std::function<void(const RandomModel&, std::uint64_t seed)>& check) {
   const std::uint64_t first = Seed(1);
   const std::uint64_t models = std::getenv("KIV_SEED") != nullptr ? 1 : kModels;
@@ -67,9 +70,9 @@ TEST(RandomSearches, FindEverySolutionOnceWhateverTheStrategy) {
       nogoods += result.statistics.nogoods;
     });
   });
-  if (std::getenv("KIV_SEED") != nullptr) return;
-  EXPECT_GT(solutions, 100 * kModels / 12);
-  EXPECT_GT(restarts, 1000 * kModels / 12);
+  if (!ProvesMuch()) return;
+  EXPECT_GT(solutions, 10 * kModels);
+  EXPECT_GT(restarts, 10 * kModels);
   EXPECT_GT(nogoods, restarts);
 }
 
@@ -106,8 +109,8 @@ TEST(RandomSearches, FindTheOptimumWhateverTheStrategy) {
       EXPECT_EQ(network.GetLevel(), 0u);
     });
   });
-  if (std::getenv("KIV_SEED") == nullptr) {
-    EXPECT_GT(improved, 1000 * kModels / 12);
+  if (ProvesMuch()) {
+    EXPECT_GT(improved, 10 * kModels);
   }
 }
 
