@@ -140,7 +140,8 @@ std::string WithoutCosts(const std::string& text) {
   static const std::regex cost(
       "(\"?(variables|constraints|nodes|failures|restarts|nogoods|propagations|peak_depth|"
       "seconds)\"?)[: ]+[0-9.]+");
-  return std::regex_replace(text, cost, "$1");
+  static const std::regex blanks(" +");
+  return std::regex_replace(std::regex_replace(text, cost, "$1"), blanks, " ");
 }
 
 // The shell commands of a page, each followed by what it writes to standard output, to standard
