@@ -173,7 +173,9 @@ TEST(SolveCommand, EndsAtOnceOnASecondSignal) {
       {"-c",
        "folder=$(mktemp -d) && mkfifo $folder/pipe\n"
        "exec 3<>$folder/pipe 4<&0 && rm -r $folder\n" KIV_COMMAND " solve --all - <&4 >&3 &\n"
-       "sleep 1.5; kill -TERM $!\n"
+       // It sleeps once the pipe is full.
+       "sleep 1; until [ \"$(cut -d' ' -f3 /proc/$!/stat)\" = S ]; do sleep 0.5; done\n"
+       "kill -TERM $!\n"
        "sleep 0.5; kill -TERM $! && echo waiting\n"
        "wait $!; echo $?"},
       bash);
