@@ -17,7 +17,6 @@ bool LinearExpression::Add(const LinearExpression& other) {
   constant_ = sum;
   // `other` may be this expression, whose terms move while they are appended to.
   const std::size_t count = other.terms_.size();
-  terms_.reserve(terms_.size() + count);
   for (std::size_t i = 0; i < count; ++i) terms_.push_back(other.terms_[i]);
   return true;
 }
@@ -31,7 +30,6 @@ bool LinearExpression::Subtract(const LinearExpression& other) {
   }
   constant_ = difference;
   const std::size_t count = other.terms_.size();
-  terms_.reserve(terms_.size() + count);
   for (std::size_t i = 0; i < count; ++i) {
     terms_.push_back({-other.terms_[i].coefficient, other.terms_[i].variable});
   }

@@ -30,7 +30,7 @@ class KIV_EXPORT LinearExpression {
   std::int64_t GetConstant() const noexcept { return constant_; }
   bool IsConstant() const noexcept { return terms_.empty(); }
 
-  // Linear in the size of `other`, which may be this expression.
+  // Linear in the size of `other`, which may be this expression; many in turn, too.
   [[nodiscard]] bool Add(const LinearExpression& other);
   [[nodiscard]] bool Subtract(const LinearExpression& other);
   // Linear in the size of this expression.

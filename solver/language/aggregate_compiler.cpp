@@ -4,75 +4,89 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "solver/language/expression_compiler.h"
 #include "solver/language/near_name.h"
+#include "solver/language/truth_count.h"
 
 namespace kiv {
 namespace {
 
-enum class Empty { kNumber, kTruth, kError };
+enum class Operation { kSum, kProduct, kLeast, kGreatest, kAll, kAny, kCount };
 
-// What applies between two values, and what there is without any.
-struct Operation {
+struct Entry {
   std::string_view name;
-  std::string_view symbol;
-  Empty empty;
-  std::int64_t neutral;
+  std::string_view symbol;  // of the operator between two values
+  Operation operation;
 };
 
-constexpr std::array kOperations = {
-    Operation{"sum", "+", Empty::kNumber, 0},     Operation{"product", "*", Empty::kNumber, 1},
-    Operation{"min", "/\\", Empty::kError, 0},    Operation{"max", "\\/", Empty::kError, 0},
-    Operation{"forall", "and", Empty::kTruth, 1}, Operation{"exists", "or", Empty::kTruth, 0}};
+constexpr std::array kEntries = {
+    Entry{"sum", "+", Operation::kSum},      Entry{"product", "*", Operation::kProduct},
+    Entry{"min", "/\\", Operation::kLeast},  Entry{"max", "\\/", Operation::kGreatest},
+    Entry{"forall", "and", Operation::kAll}, Entry{"exists", "or", Operation::kAny},
+    Entry{"count", "", Operation::kCount}};
 
-const Operation* FindOperation(const Word& name, Diagnostics& diagnostics) {
+const Entry* FindEntry(const Word& name, Diagnostics& diagnostics) {
   std::vector<std::string> names;
-  for (const Operation& operation : kOperations) {
-    if (operation.name == name.text) return &operation;
-    names.emplace_back(operation.name);
+  for (const Entry& entry : kEntries) {
+    if (entry.name == name.text) return &entry;
+    names.emplace_back(entry.name);
   }
   diagnostics.Add(name.range,
                   "unknown aggregate '" + name.text + '\'' + SuggestNearName(name.text, names));
   return nullptr;
 }
 
+bool TakesTruths(Operation operation) {
+  return operation == Operation::kAll || operation == Operation::kAny ||
+         operation == Operation::kCount;
+}
+
 }  // namespace
 
 std::optional<Operand> CompileAggregate(const Aggregate& aggregate, SourceRange range,
                                         ExpressionCompiler& expressions, Diagnostics& diagnostics) {
-  const Operation* operation = FindOperation(aggregate.name, diagnostics);
-  if (operation == nullptr) return std::nullopt;
-  const bool connects = operation->empty == Empty::kTruth;
-  if (connects && !expressions.CheckAsks(aggregate.name, *aggregate.body)) return std::nullopt;
-
-  const Word symbol{std::string(operation->symbol), aggregate.name.range};
+  const Entry* entry = FindEntry(aggregate.name, diagnostics);
+  if (entry == nullptr) return std::nullopt;
+  if (TakesTruths(entry->operation) && !expressions.CheckAsks(aggregate.name, *aggregate.body)) {
+    return std::nullopt;
+  }
   std::vector<Operand> values;
   bool complete = true;
   complete &= expressions.GetGenerators().ForEach(aggregate.generators, [&] {
-    const std::optional<Operand> value = expressions.Compile(*aggregate.body);
+    auto value = expressions.Compile(*aggregate.body);
     complete &= value.has_value();
-    if (value) values.push_back(*value);
+    if (value) values.push_back(*std::move(value));
   });
   if (!complete) return std::nullopt;
-  if (!values.empty()) {
-    std::optional<Operand> result = values.front();
-    for (std::size_t i = 1; i < values.size() && result; ++i) {
-      result = expressions.ApplyBinary(symbol, *result, values[i]);
+
+  OperatorCompiler& operators = expressions.GetOperators();
+  const Word symbol{std::string(entry->symbol), aggregate.name.range};
+  switch (entry->operation) {
+    case Operation::kSum:
+    case Operation::kProduct: {
+      const std::int64_t neutral = entry->operation == Operation::kSum ? 0 : 1;
+      std::optional<Operand> value = Operand{neutral, KivOmbNetwork::kNone, range};
+      if (!values.empty()) value = std::move(values.front());
+      for (std::size_t i = 1; i < values.size() && value; ++i) {
+        value = operators.ApplyBinary(symbol, *std::move(value), values[i]);
+      }
+      return value;
     }
-    return result;
-  }
-  switch (operation->empty) {
-    case Empty::kNumber:
-      return Operand{operation->neutral, KivOmbNetwork::kNone, range};
-    case Empty::kTruth:
-      return expressions.CompileTruth(operation->neutral != 0, range);
-    case Empty::kError:
+    case Operation::kLeast:
+    case Operation::kGreatest:
+      if (!values.empty()) return operators.ApplyExtremum(symbol, values, range);
+      diagnostics.Add(aggregate.name.range, '\'' + aggregate.name.text + "' has no values here");
+      return std::nullopt;
+    case Operation::kAll:
+    case Operation::kAny:
+      return operators.ApplyConnective(symbol, std::move(values), range);
+    case Operation::kCount:
       break;
   }
-  diagnostics.Add(aggregate.name.range, '\'' + aggregate.name.text + "' has no values here");
-  return std::nullopt;
+  return CountTruths(aggregate.name, values, range, expressions.GetBuilder());
 }
 
 }  // namespace kiv

@@ -71,7 +71,7 @@ void DeclarationCompiler::CompileDeclarator(const Declarator& declarator,
 
 bool DeclarationCompiler::AddVariable(const KivOmbiObjectDescriptor& kind, const Values& values,
                                       SourceRange name) {
-  const auto variable = expressions_.AddVariable(kind, name);
+  const auto variable = expressions_.GetBuilder().AddVariable(kind, name);
   if (!variable) return false;
   KivOmbNetwork& network = model_.GetNetwork();
   if (const bool* truth = std::get_if<bool>(&values.form)) {
@@ -127,7 +127,7 @@ std::optional<DeclarationCompiler::Values> DeclarationCompiler::CompileTruth(
   if (!is_set) {
     const std::optional<Operand> operand = expressions_.Compile(domain);
     if (!operand) return std::nullopt;
-    if (const auto truth = expressions_.GetConstantTruth(*operand)) {
+    if (const auto truth = expressions_.GetBuilder().GetConstantTruth(*operand)) {
       return Values{*truth, domain.range};
     }
   }

@@ -29,9 +29,10 @@ void GoalCompiler::CompileGoal(const Goal& goal) {
   CompiledModel::Goal compiled{goal.kind};
   if (goal.objective != nullptr) {
     const std::optional<Operand> objective = expressions_.Compile(*goal.objective);
-    const auto variable = objective ? expressions_.GetVariable(*objective) : std::nullopt;
+    const auto variable =
+        objective ? expressions_.GetBuilder().GetVariable(*objective) : std::nullopt;
     if (!variable) return;
-    const KivOmbiObjectDescriptor& kind = expressions_.GetKind(*objective);
+    const KivOmbiObjectDescriptor& kind = expressions_.GetBuilder().GetKind(*objective);
     if (KivOmbiInteger::sDescriptor->IsMatched(&kind) == 0) {
       diagnostics_.Add(goal.objective->range,
                        "an integer can be as small or as great as possible, "
@@ -63,7 +64,9 @@ void GoalCompiler::CompileBranch(const BranchStatement& branch) {
       diagnostics_.Add(operand.range, "'branch' takes variables, not constants");
       return;
     }
-    block.variables.push_back(operand.variable);
+    const auto variable = expressions_.GetBuilder().GetVariable(operand);
+    if (!variable) return;
+    block.variables.push_back(*variable);
   }
   block.variable_choice = *variable_choice;
   block.value_choice = *value_choice;
@@ -101,13 +104,20 @@ std::optional<ShownItem> GoalCompiler::CompileItem(const Expression& expression)
     if (!operand) return std::nullopt;
     operands.push_back(*operand);
   }
-  for (const Operand& operand : operands) item.values.push_back(MakeValue(operand));
+  for (const Operand& operand : operands) {
+    auto value = MakeValue(operand);
+    if (!value) return std::nullopt;
+    item.values.push_back(*std::move(value));
+  }
   return item;
 }
 
-ShownItem::Value GoalCompiler::MakeValue(const Operand& operand) const {
-  if (operand.constant) return {KivOmbNetwork::kNone, std::to_string(*operand.constant)};
-  return {operand.variable, {}};
+std::optional<ShownItem::Value> GoalCompiler::MakeValue(const Operand& operand) {
+  if (operand.constant) {
+    return ShownItem::Value{KivOmbNetwork::kNone, std::to_string(*operand.constant)};
+  }
+  const auto variable = expressions_.GetBuilder().GetVariable(operand);
+  return variable ? std::optional(ShownItem::Value{*variable, {}}) : std::nullopt;
 }
 
 }  // namespace kiv

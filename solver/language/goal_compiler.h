@@ -22,7 +22,7 @@ class KIV_EXPORT GoalCompiler {
 
  private:
   std::optional<ShownItem> CompileItem(const Expression& expression);
-  ShownItem::Value MakeValue(const Operand& operand) const;
+  std::optional<ShownItem::Value> MakeValue(const Operand& operand);
 
   CompiledModel& model_;
   ExpressionCompiler& expressions_;

@@ -97,7 +97,7 @@ std::optional<ParameterValue> ParameterCompiler::CompileValue(const Expression& 
   const std::optional<Operand> operand = expressions_.Compile(expression);
   if (!operand) return std::nullopt;
   if (operand->constant) return *operand->constant;
-  if (const auto truth = expressions_.GetConstantTruth(*operand)) return *truth;
+  if (const auto truth = expressions_.GetBuilder().GetConstantTruth(*operand)) return *truth;
   diagnostics_.Add(
       expression.range,
       "the value of a parameter must be made of numbers, parameters and loop variables");

@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "solver/language/element_compiler.h"
 #include "solver/language/expression_compiler.h"
 #include "solver/language/near_name.h"
 
@@ -54,8 +55,7 @@ std::optional<Operand> ReferenceCompiler::CompileValue(const Reference& referenc
                                   "' stands only where a list can: as an argument of a call");
       return std::nullopt;
     }
-    const auto offset = CompileOffset(reference, *shape, range);
-    return offset ? GetElement(entry->meaning, *offset, range) : std::nullopt;
+    return CompileElementOf(reference, entry->meaning, *shape, range);
   }
   if (!reference.indices.empty()) {
     diagnostics_.Add(range, '\'' + reference.name + "' is no array");
@@ -70,7 +70,7 @@ std::optional<Operand> ReferenceCompiler::CompileValue(const Reference& referenc
     return Operand{constant->value, KivOmbNetwork::kNone, range};
   }
   if (const auto* truth = std::get_if<Scope::Truth>(&entry->meaning)) {
-    return expressions_.CompileTruth(truth->value, range);
+    return expressions_.GetBuilder().GetTruth(truth->value, range);
   }
   return Operand{std::nullopt, std::get<Scope::Scalar>(entry->meaning).variable, range};
 }
@@ -82,6 +82,18 @@ std::optional<ArrayView> ReferenceCompiler::CompileArray(const Reference& refere
   const ArrayShape& shape = *FindShape(reference);
   if (!reference.indices.empty() && !CheckDimensions(reference, shape, range)) return std::nullopt;
 
+  FixedIndices fixed(shape.size());
+  for (std::size_t i = 0; i < reference.indices.size(); ++i) {
+    if (reference.indices[i] == nullptr) continue;
+    fixed[i] = CompileIndex(reference, *reference.indices[i], shape[i]);
+    if (!fixed[i]) return std::nullopt;
+  }
+  return TakeView(entry->meaning, shape, fixed, range);
+}
+
+std::optional<ArrayView> ReferenceCompiler::TakeView(const Scope::Meaning& array,
+                                                     const ArrayShape& shape,
+                                                     const FixedIndices& fixed, SourceRange range) {
   // The first element and the distance to the next one of each dimension that is not fixed.
   ArrayView view;
   std::vector<std::uint64_t> steps;
@@ -89,18 +101,16 @@ std::optional<ArrayView> ReferenceCompiler::CompileArray(const Reference& refere
   std::uint64_t step = CountElements(shape);
   for (std::size_t i = 0; i < shape.size(); ++i) {
     if (shape[i].Count() > 0) step /= shape[i].Count();
-    if (reference.indices.empty() || reference.indices[i] == nullptr) {
+    if (!fixed[i]) {
       view.shape.push_back(shape[i]);
       steps.push_back(step);
       continue;
     }
-    const auto index = CompileIndex(reference, *reference.indices[i], shape[i]);
-    if (!index) return std::nullopt;
-    first += static_cast<std::uint64_t>(*index - shape[i].first) * step;
+    first += static_cast<std::uint64_t>(*fixed[i] - shape[i].first) * step;
   }
 
   const std::uint64_t count = CountElements(view.shape);
-  if (!budget_.Spend(count, range, diagnostics_)) return std::nullopt;
+  if (count > 1 && !budget_.Spend(count, range, diagnostics_)) return std::nullopt;
   view.elements.reserve(count);
   for (std::uint64_t i = 0; i < count; ++i) {
     // The last dimension counts fastest.
@@ -111,7 +121,7 @@ std::optional<ArrayView> ReferenceCompiler::CompileArray(const Reference& refere
       offset += rest % size * steps[dimension];
       rest /= size;
     }
-    const auto element = GetElement(entry->meaning, static_cast<std::uint32_t>(offset), range);
+    const auto element = GetElement(array, static_cast<std::uint32_t>(offset), range);
     if (!element) return std::nullopt;
     view.elements.push_back(*element);
   }
@@ -160,33 +170,45 @@ bool ReferenceCompiler::CheckDimensions(const Reference& reference, const ArrayS
   return false;
 }
 
-std::optional<std::uint32_t> ReferenceCompiler::CompileOffset(const Reference& reference,
-                                                              const ArrayShape& shape,
-                                                              SourceRange range) {
+std::optional<Operand> ReferenceCompiler::CompileElementOf(const Reference& reference,
+                                                           const Scope::Meaning& array,
+                                                           const ArrayShape& shape,
+                                                           SourceRange range) {
   if (!CheckDimensions(reference, shape, range)) return std::nullopt;
-  std::uint64_t offset = 0;
+  FixedIndices fixed(shape.size());
+  std::vector<Operand> open;
   bool complete = true;
   for (std::size_t i = 0; i < shape.size(); ++i) {
-    const auto index = CompileIndex(reference, *reference.indices[i], shape[i]);
-    if (!index) {
-      complete = false;
-      continue;
+    auto index = expressions_.Compile(*reference.indices[i]);
+    complete &= index.has_value();
+    if (!index) continue;
+    if (index->constant) {
+      fixed[i] = index->constant;
+      complete &= CheckIndex(reference, *reference.indices[i], *index->constant, shape[i]);
+    } else {
+      open.push_back(*std::move(index));
     }
-    offset = offset * shape[i].Count() + static_cast<std::uint64_t>(*index - shape[i].first);
   }
   if (!complete) return std::nullopt;
-  return static_cast<std::uint32_t>(offset);
+  const auto view = TakeView(array, shape, fixed, range);
+  if (!view) return std::nullopt;
+  return open.empty() ? view->elements.front()
+                      : CompileElement(*view, open, range, expressions_.GetBuilder());
+}
+
+bool ReferenceCompiler::CheckIndex(const Reference& reference, const Expression& index,
+                                   std::int64_t value, const IndexRange& indices) {
+  if (indices.Contains(value)) return true;
+  diagnostics_.Add(index.range, "the index " + std::to_string(value) + " of '" + reference.name +
+                                    "' is outside " + indices.Describe());
+  return false;
 }
 
 std::optional<std::int64_t> ReferenceCompiler::CompileIndex(const Reference& reference,
                                                             const Expression& index,
                                                             const IndexRange& indices) {
   const auto value = expressions_.CompileConstant(index, "an index");
-  if (value && !indices.Contains(*value)) {
-    diagnostics_.Add(index.range, "the index " + std::to_string(*value) + " of '" + reference.name +
-                                      "' is outside " + indices.Describe());
-    return std::nullopt;
-  }
+  if (value && !CheckIndex(reference, index, *value, indices)) return std::nullopt;
   return value;
 }
 
@@ -197,7 +219,7 @@ std::optional<Operand> ReferenceCompiler::GetElement(const Scope::Meaning& array
   }
   const auto& constants = std::get<Scope::ConstantArray>(array);
   const std::int64_t value = (*constants.values)[offset];
-  if (constants.are_truths) return expressions_.CompileTruth(value != 0, range);
+  if (constants.are_truths) return expressions_.GetBuilder().GetTruth(value != 0, range);
   return Operand{value, KivOmbNetwork::kNone, range};
 }
 

@@ -45,13 +45,23 @@ class KIV_EXPORT ReferenceCompiler {
   std::optional<std::int64_t> CompileSize(const Call& call);
 
  private:
+  // By dimension; nothing for all indices.
+  using FixedIndices = std::vector<std::optional<std::int64_t>>;
+
   const ArrayShape* FindShape(const Reference& reference) const;
   bool CheckDimensions(const Reference& reference, const ArrayShape& shape, SourceRange range);
-  // The number of the element that the indices select.
-  std::optional<std::uint32_t> CompileOffset(const Reference& reference, const ArrayShape& shape,
-                                             SourceRange range);
+  // The element at the indices, which may be known only in a solution.
+  std::optional<Operand> CompileElementOf(const Reference& reference, const Scope::Meaning& array,
+                                          const ArrayShape& shape, SourceRange range);
+  // The elements with the fixed indices.
+  std::optional<ArrayView> TakeView(const Scope::Meaning& array, const ArrayShape& shape,
+                                    const FixedIndices& fixed, SourceRange range);
+  // A constant index.
   std::optional<std::int64_t> CompileIndex(const Reference& reference, const Expression& index,
                                            const IndexRange& indices);
+  // Reports an index outside its dimension.
+  bool CheckIndex(const Reference& reference, const Expression& index, std::int64_t value,
+                  const IndexRange& indices);
   // The element of that number.
   std::optional<Operand> GetElement(const Scope::Meaning& array, std::uint32_t offset,
                                     SourceRange range);

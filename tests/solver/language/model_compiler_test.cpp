@@ -79,7 +79,7 @@ TEST(Models, ConstantTruthsAreComputedAtOnce) {
     EXPECT_LE(CountConstraints(model), 3u) << same;
   }
   EXPECT_EQ(CountConstraints("t : bool; (t and true) = true; solve;"), 1u);
-  EXPECT_EQ(CountConstraints("t : bool; t xor true; solve;"), 2u);
+  EXPECT_EQ(CountConstraints("t : bool; t xor true; solve;"), 1u);
   EXPECT_EQ(CountConstraints("t : bool; t or true; false and t => t; not false; solve;"), 0u);
   EXPECT_EQ(CountConstraints("param n : int = 3; t : bool; n >== 2 or t; solve;"), 0u);
 }
@@ -305,7 +305,7 @@ TEST(Models, EachConstraintKnowsWhereItComesFrom) {
   const SourceText source("m.kiv",
                           "x : interval int = { 1, 5 };\n"
                           "y : enum int = [0, 9];\n"
-                          "x + y\n  = 2*(y - 1);\n"
+                          "x * y\n  = 2*(y - 1);\n"
                           "all_different(x, y);\n"
                           "solve;\n");
   Diagnostics diagnostics(source);
@@ -316,9 +316,8 @@ TEST(Models, EachConstraintKnowsWhereItComesFrom) {
   for (KivOmbNetwork::ConstraintId id = 0; id < network.CountConstraints(); ++id) {
     origins.insert(model->Describe(id));
   }
-  EXPECT_EQ(origins, (std::multiset<std::string>{"m.kiv:1:20: { 1, 5 }", "m.kiv:3:1: x + y",
-                                                 "m.kiv:4:8: y - 1", "m.kiv:4:5: 2*(y - 1)",
-                                                 "m.kiv:3:1: x + y = 2*(y - 1)",
+  EXPECT_EQ(origins, (std::multiset<std::string>{"m.kiv:1:20: { 1, 5 }", "m.kiv:3:1: x * y",
+                                                 "m.kiv:3:1: x * y = 2*(y - 1)",
                                                  "m.kiv:5:1: all_different(x, y)"}));
   EXPECT_EQ(model->NameOf(0), "x");
   EXPECT_EQ(model->GetDeclared(), (std::vector<KivOmbNetwork::VariableId>{0, 1}));
