@@ -167,10 +167,12 @@ bool PostTable(const CallSite& site) {
   if (variables->empty()) {
     return Report(site, site.arguments[0].range, "takes at least one integer");
   }
-  if (rows.row_length != 0 && rows.row_length != variables->size()) {
+  const std::size_t length = rows.row_length.value_or(variables->size());
+  if (length != variables->size() || rows.constants.size() % length != 0) {
     return Report(site, rows.range,
                   "takes rows with a value for each of the " + std::to_string(variables->size()) +
-                      " integers; these have " + std::to_string(rows.row_length));
+                      " integers" +
+                      (rows.row_length ? "; these have " + std::to_string(length) : ""));
   }
   if (rows.constants.size() > TupleIndex::kMostCells) {
     return Report(site, rows.range,
