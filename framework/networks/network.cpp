@@ -101,7 +101,7 @@ KivOmbiObjectEnvironment KivOmbNetwork::EnvironmentOf(const Constraint& constrai
 KivOmbNetwork::Outcome KivOmbNetwork::Propagate() {
   while (outcome_ == Outcome::kFixpoint) {
     // Asked even when nothing has to run, or a search without constraints could not be stopped.
-    if (stop_ != nullptr && stop_->load(std::memory_order_relaxed)) return Outcome::kStopped;
+    if (IsToStop()) return Outcome::kStopped;
     if (queue_.IsEmpty()) break;
     observer_ == nullptr ? Run(queue_.Pop()) : RunObserved(queue_.Pop());
   }
@@ -115,6 +115,13 @@ void KivOmbNetwork::RunObserved(ConstraintId id) {
   observer_->BeforeStep(*this, id, GetArguments(id));
   Run(id);
   observer_->AfterStep(*this, id, GetArguments(id));
+}
+
+// Reading the clock costs as much as a cheap run, so it is read once in a while.
+bool KivOmbNetwork::IsToStop() {
+  constexpr std::uint64_t kRunsPerReading = 256;
+  if (stop_ != nullptr && stop_->load(std::memory_order_relaxed)) return true;
+  return deadline_ && statistics_.runs % kRunsPerReading == 0 && Clock::now() >= *deadline_;
 }
 
 void KivOmbNetwork::Run(ConstraintId id) {

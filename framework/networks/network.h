@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -31,7 +32,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
     kFixpoint,       // no constraint can narrow anything
     kContradiction,  // some domain is empty
     kOverflow,       // an unknown variable could only be beyond the range; see GetCulprit()
-    kStopped,        // the stop flag was raised; Propagate() may be called again
+    kStopped,        // by the stop flag or the deadline; Propagate() may be called again
   };
 
   struct Statistics {
@@ -87,6 +88,9 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   std::optional<ConstraintId> GetCulprit() const noexcept { return culprit_; }
   // While `*stop` is true Propagate returns kStopped; null for never.
   void SetStopFlag(const std::atomic<bool>* stop) noexcept { stop_ = stop; }
+  // So it does from `deadline` on, as soon as some runs of constraints have passed; none for never.
+  using Clock = std::chrono::steady_clock;
+  void SetDeadline(std::optional<Clock::time_point> deadline) noexcept { deadline_ = deadline; }
   // From now on `observer` is told of every step; null for nobody, which costs next to nothing.
   void SetObserver(KivOmbiNetworkObserver* observer) noexcept { observer_ = observer; }
 
@@ -156,6 +160,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   KivOmbiObject* Construct(const KivOmbiObjectDescriptor& kind);
   void RunObserved(ConstraintId id);
   void Run(ConstraintId id);
+  bool IsToStop();
   bool ClaimHolds(ConstraintId id);
   void Fail(Outcome outcome, std::optional<ConstraintId> culprit);
   void ClearQueue();
@@ -182,6 +187,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   std::optional<ConstraintId> running_;
   std::int64_t own_events_ = 0;  // that the running constraint caused itself
   const std::atomic<bool>* stop_ = nullptr;
+  std::optional<Clock::time_point> deadline_;
   KivOmbiNetworkObserver* observer_ = nullptr;
   AssertionId next_assertion_ = 0;
   Statistics statistics_;

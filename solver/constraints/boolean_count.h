@@ -4,10 +4,8 @@
 
 namespace kiv {
 
-// As many of its first arguments, booleans, are true as the last one, an integer, says. Bounds of
-// the integer are exact, and a boolean is known as soon as one of its values would make the number
-// of true ones leave these bounds; a repeated boolean counts each time it stands there, and then
-// less may be found.
+// As many of its first arguments, booleans, are true as the last one, an integer, says. Domain
+// consistent when no boolean is repeated; a repeated one counts each time it stands there.
 class KIV_EXPORT BooleanCount final : public KivOmbiConstraint {
  public:
   BooleanCount();

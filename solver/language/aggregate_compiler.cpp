@@ -9,6 +9,7 @@
 
 #include "solver/language/expression_compiler.h"
 #include "solver/language/near_name.h"
+#include "solver/language/truth_count.h"
 
 namespace kiv {
 namespace {
@@ -85,7 +86,7 @@ std::optional<Operand> CompileAggregate(const Aggregate& aggregate, SourceRange 
     case Operation::kCount:
       break;
   }
-  return operators.ApplyCount(aggregate.name, values, range);
+  return CountTruths(aggregate.name, values, range, expressions.GetBuilder());
 }
 
 }  // namespace kiv

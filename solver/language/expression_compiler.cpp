@@ -5,6 +5,7 @@
 #include "solver/language/aggregate_compiler.h"
 #include "solver/language/call_compiler.h"
 #include "solver/language/call_vocabulary.h"
+#include "solver/language/membership_question.h"
 #include "solver/language/near_name.h"
 #include "solver/language/operator_precedence.h"
 
@@ -78,7 +79,7 @@ std::optional<Operand> ExpressionCompiler::CompileMembership(const MembershipTes
   const std::optional<Operand> element = Compile(*test.element);
   const std::optional<IntegerSet> set = generators_.CompileSet(*test.set);
   if (!element || !set) return std::nullopt;
-  return operators_.ApplyMembership(test.symbol, *element, *set, range);
+  return AskMembership(test.symbol, *element, *set, range, builder_);
 }
 
 std::optional<Operand> ExpressionCompiler::CompileConditional(

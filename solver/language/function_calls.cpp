@@ -8,6 +8,7 @@
 #include "solver/constraints/number_of_values.h"
 #include "solver/language/network_builder.h"
 #include "solver/language/operator_compiler.h"
+#include "solver/language/truth_count.h"
 
 namespace kiv {
 namespace {
@@ -54,7 +55,7 @@ std::optional<Operand> ApplyCountOf(const CallSite& site) {
 std::optional<Operand> ApplyGreatest(const CallSite& site) { return ApplyExtremum(site, "\\/"); }
 
 std::optional<Operand> ApplyInt(const CallSite& site) {
-  return site.operators.ApplyCount(site.name, site.arguments.front().operands, site.range);
+  return CountTruths(site.name, site.arguments.front().operands, site.range, site.builder);
 }
 
 std::optional<Operand> ApplyLeast(const CallSite& site) { return ApplyExtremum(site, "/\\"); }

@@ -127,14 +127,17 @@ std::optional<NetworkBuilder::VariableId> NetworkBuilder::GetInteger(std::int64_
   return variable;
 }
 
+const KivOmbiObjectDescriptor* NetworkBuilder::FindTruthKind(SourceRange range) {
+  const KivOmbiObjectDescriptor* kind = vocabulary_.FindKind("bool");
+  if (kind == nullptr) diagnostics_.Add(range, "no module that is loaded has the kind 'bool'");
+  return kind;
+}
+
 std::optional<Operand> NetworkBuilder::GetTruth(bool value, SourceRange range) {
   auto& fixed = fixed_truths_[value ? 1 : 0];
   if (!fixed) {
-    const KivOmbiObjectDescriptor* kind = vocabulary_.FindKind("bool");
-    if (kind == nullptr) {
-      diagnostics_.Add(range, "no module that is loaded has the kind 'bool'");
-      return std::nullopt;
-    }
+    const KivOmbiObjectDescriptor* kind = FindTruthKind(range);
+    if (kind == nullptr) return std::nullopt;
     fixed = AddVariable(*kind, range);
     if (!fixed) return std::nullopt;
     model_.GetNetwork().Update(*fixed, [value](KivOmbiAny& domain) {

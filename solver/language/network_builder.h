@@ -47,12 +47,14 @@ class KIV_EXPORT NetworkBuilder {
                                       SourceRange range);
   const KivOmbiObjectDescriptor& ChooseKind(const KivOmbiObjectDescriptor& kind,
                                             const ValueWidth& width) const;
-  const ValueWidths& GetWidths() const noexcept { return widths_; }
+  ValueWidths& GetWidths() noexcept { return widths_; }
   // The variable that holds the operand: for a constant, a fixed one that all its uses share, for a
   // sum or formula a new one.
   std::optional<VariableId> GetVariable(const Operand& operand);
   // Those of all operands.
   std::optional<std::vector<VariableId>> GetVariables(std::span<const Operand> operands);
+  // The kind of truth values; null, reported, when there is none.
+  const KivOmbiObjectDescriptor* FindTruthKind(SourceRange range);
   // The constant true or false.
   std::optional<Operand> GetTruth(bool value, SourceRange range);
   // The constant that a boolean operand is, where it is one.

@@ -7,10 +7,8 @@
 #include <utility>
 
 #include "framework/abstract_types/integer.h"
-#include "solver/constraints/boolean_count.h"
 #include "solver/constraints/extremum.h"
 #include "solver/language/constant_folding.h"
-#include "solver/language/declared_domain.h"
 #include "solver/language/formula.h"
 #include "solver/language/operator_precedence.h"
 #include "solver/language/truth_posting.h"
@@ -166,69 +164,6 @@ std::optional<Operand> OperatorCompiler::ApplyExtremum(const Word& symbol,
   return MakeVariable(*result, range);
 }
 
-std::optional<Operand> OperatorCompiler::ApplyCount(const Word& name,
-                                                    const std::vector<Operand>& truths,
-                                                    SourceRange range) {
-  std::int32_t known = 0;
-  std::vector<Operand> open;
-  for (const Operand& truth : truths) {
-    if (!builder_.IsTruth(truth)) {
-      builder_.GetDiagnostics().Add(truth.range, '\'' + name.text + "' counts truth values, not '" +
-                                                     builder_.GetKind(truth).GetName() + '\'');
-      return std::nullopt;
-    }
-    const auto constant = builder_.GetConstantTruth(truth);
-    if (!constant) open.push_back(truth);
-    if (constant == true) ++known;
-  }
-  if (open.empty()) return MakeConstant(known, range);
-  auto variables = builder_.GetVariables(open);
-  const auto most = static_cast<std::int32_t>(open.size());
-  const auto count = builder_.AddInteger(DeclaredDomain::FromInterval(0, most), range);
-  if (!variables || !count) return std::nullopt;
-  variables->push_back(*count);
-  if (!builder_.Post<BooleanCount>(*variables, range)) return std::nullopt;
-  LinearExpression sum(known);
-  if (!sum.Add(LinearExpression(LinearTerm{1, *count}))) return ReportOverflow(range);
-  return MakeSum(std::move(sum), builder_.GetNetwork().GetKind(*count), range);
-}
-
-// A range is asked about by its ends, however wide it is.
-std::optional<Operand> OperatorCompiler::ApplyMembership(const Word& symbol, const Operand& operand,
-                                                         const IntegerSet& values,
-                                                         SourceRange range) {
-  if (operand.constant) return builder_.GetTruth(values.Contains(*operand.constant), range);
-  if (!builder_.IsInteger(operand)) {
-    builder_.GetDiagnostics().Add(symbol.range, "'in' asks about integers, not '" +
-                                                    builder_.GetKind(operand).GetName() + '\'');
-    return std::nullopt;
-  }
-  const auto truth = builder_.GetTruth(true, range);
-  if (!truth) return std::nullopt;
-  if (values.IsEmpty()) return builder_.GetTruth(false, range);
-  Operand member;
-  member.range = range;
-  member.kind = &builder_.GetKind(*truth);
-  if (!values.IsRange()) {
-    Formula::Element element{operand, {}};
-    for (const std::int64_t value : values.GetValues()) {
-      if (IsModelInteger(value)) element.values.push_back(static_cast<std::int32_t>(value));
-    }
-    member.formula = std::make_shared<const Formula>(Formula{std::move(element)});
-    return member;
-  }
-  const auto bound = [&](LinearRelation relation, std::int64_t value) {
-    Operand question = member;
-    question.formula = std::make_shared<const Formula>(Formula{
-        Formula::Question{NetworkBuilder::ToSum(operand), relation, LinearExpression(value)}});
-    return question;
-  };
-  return Connect(Junction::kAll,
-                 {bound(LinearRelation::kGreaterOrEqual, values.GetFirst()),
-                  bound(LinearRelation::kLessOrEqual, values.GetLast())},
-                 *member.kind, range, builder_);
-}
-
 std::optional<Operand> OperatorCompiler::ApplyLinear(const Row& row, const Word& symbol,
                                                      Operand left, const Operand& right) {
   const SourceRange range = Join(left.range, right.range);
@@ -361,10 +296,10 @@ std::optional<Operand> OperatorCompiler::Post(const Row& row, const Word& symbol
   const ValueWidth width =
       ValueWidths::Apply(symbol.text, widths.Of(left), right_width ? &*right_width : nullptr);
   const Row& chosen = ChooseRow(row, builder_.ChooseKind(kind, width));
-  const auto result = &chosen == &row ? builder_.AddVariable(kind, range)
-                                      : builder_.AddResult(*chosen.GetResult(), width, range);
-  const bool posted = result && builder_.PostRow(chosen, *first, *second, *result, range);
-  return posted ? std::optional(MakeVariable(*result, range)) : std::nullopt;
+  const auto result = builder_.AddVariable(*chosen.GetResult(), range);
+  if (!result || !builder_.PostRow(chosen, *first, *second, *result, range)) return std::nullopt;
+  builder_.GetWidths().Note(*result, width);
+  return MakeVariable(*result, range);
 }
 
 // A row for all kinds with that result, if it has one.

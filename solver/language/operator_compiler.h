@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "framework/base/export.h"
-#include "solver/language/integer_set.h"
 #include "solver/language/network_builder.h"
 #include "solver/language/operand.h"
 #include "solver/language/syntax_tree.h"
@@ -33,12 +32,6 @@ class KIV_EXPORT OperatorCompiler {
   // The least ("/\") or greatest ("\/") of at least one operand.
   std::optional<Operand> ApplyExtremum(const Word& symbol, const std::vector<Operand>& operands,
                                        SourceRange range);
-  // How many of the truth values are true.
-  std::optional<Operand> ApplyCount(const Word& name, const std::vector<Operand>& truths,
-                                    SourceRange range);
-  // Whether the operand is one of the values.
-  std::optional<Operand> ApplyMembership(const Word& symbol, const Operand& operand,
-                                         const IntegerSet& values, SourceRange range);
 
  private:
   using Row = KivOmbiCompoundObjectDescriptor;

@@ -5,13 +5,14 @@
 #include <optional>
 
 #include "framework/base/export.h"
+#include "framework/networks/network.h"
 #include "solver/search/search_end.h"
 #include "solver/search/search_statistics.h"
 
 namespace kiv {
 
-// When a search gives up. Each limit is looked at before a node is entered, so that a propagation
-// under way is finished; where nothing is left to search, the search is exhausted and no limit
+// When a search gives up. Each limit is looked at before a node is entered, the time while
+// constraints run as well; where nothing is left to search, the search is exhausted and no limit
 // counts.
 struct SearchLimits {
   std::optional<std::chrono::nanoseconds> time = std::nullopt;
@@ -27,12 +28,11 @@ class KIV_EXPORT LimitWatch {
 
   // The first limit that is reached, if any.
   std::optional<SearchEnd> FindReached(const SearchStatistics& statistics) const;
+  std::optional<KivOmbNetwork::Clock::time_point> GetDeadline() const;
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   SearchLimits limits_;
-  Clock::time_point start_;
+  KivOmbNetwork::Clock::time_point start_;
 };
 
 }  // namespace kiv

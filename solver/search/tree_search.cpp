@@ -36,10 +36,12 @@ class SearchRun {
 
   SearchResult Run() {
     const std::size_t level = network_.GetLevel();
+    network_.SetDeadline(limits_.GetDeadline());
     const Outcome outcome = network_.Propagate();
     if (outcome == Outcome::kFixpoint) network_.PushLevel();
     root_level_ = network_.GetLevel();
-    result_.end = outcome == Outcome::kStopped ? SearchEnd::kStopped : Explore();
+    result_.end = outcome == Outcome::kStopped ? GetReasonOfStop() : Explore();
+    network_.SetDeadline(std::nullopt);
     TakeBackTo(level);
     UpdateStatistics();
     if (bound_) result_.best = bound_->GetBest();
@@ -72,11 +74,18 @@ class SearchRun {
           result_.culprit = network_.GetCulprit();
           return SearchEnd::kOverflow;
         case Outcome::kStopped:
-          return SearchEnd::kStopped;
+          return GetReasonOfStop();
       }
       if (const auto limit = limits_.FindReached(Statistics())) return *limit;
       Enter();
     }
+  }
+
+  // Why the network stopped: the flag, unless the time is over.
+  SearchEnd GetReasonOfStop() const {
+    const auto deadline = limits_.GetDeadline();
+    const bool is_over = deadline && KivOmbNetwork::Clock::now() >= *deadline;
+    return is_over ? SearchEnd::kTimeLimit : SearchEnd::kStopped;
   }
 
   // To the common fixpoint of the constraints, the objective's bound and the nogoods.

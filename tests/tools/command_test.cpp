@@ -164,6 +164,25 @@ TEST(SolveCommand, StopsOnASignalAndKeepsWhatItFound) {
   }
 }
 
+// A write that nobody takes goes on after the first signal, so that no output is cut.
+TEST(SolveCommand, EndsAtOnceOnASecondSignal) {
+  CommandSettings bash;
+  bash.program = "/bin/bash";
+  bash.input = kMany;
+  const CommandResult result = RunKiv(
+      {"-c",
+       "folder=$(mktemp -d) && mkfifo $folder/pipe\n"
+       "exec 3<>$folder/pipe 4<&0 && rm -r $folder\n" KIV_COMMAND " solve --all - <&4 >&3 &\n"
+       // It sleeps once the pipe is full.
+       "sleep 1; until [ \"$(cut -d' ' -f3 /proc/$!/stat)\" = S ]; do sleep 0.5; done\n"
+       "kill -TERM $!\n"
+       "sleep 0.5; kill -TERM $! && echo waiting\n"
+       "wait $!; echo $?"},
+      bash);
+  EXPECT_EQ(result.output, "waiting\n130\n");
+  EXPECT_EQ(result.errors, "");
+}
+
 TEST(SolveCommand, SaysWhenItsOutputDoesNotArrive) {
   CommandSettings full;
   full.input = kThree;

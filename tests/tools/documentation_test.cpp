@@ -134,11 +134,14 @@ TEST_F(Documentation, EachCommandOfTheDomainCalculatorGivesWhatItShows) {
   }
 }
 
-// What a run takes changes with the ways of propagation; the pages show it as it once was.
+// How large a network is and what its search takes changes with the ways of propagation; the pages
+// show it as it once was.
 std::string WithoutCosts(const std::string& text) {
   static const std::regex cost(
-      "(\"?(nodes|failures|restarts|nogoods|propagations|peak_depth|seconds)\"?)[: ]+[0-9.]+");
-  return std::regex_replace(text, cost, "$1");
+      "(\"?(variables|constraints|nodes|failures|restarts|nogoods|propagations|peak_depth|"
+      "seconds)\"?)[: ]+[0-9.]+");
+  static const std::regex blanks(" +");
+  return std::regex_replace(std::regex_replace(text, cost, "$1"), blanks, " ");
 }
 
 // The shell commands of a page, each followed by what it writes to standard output, to standard

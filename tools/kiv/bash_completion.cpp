@@ -22,8 +22,8 @@ std::string Join(const std::vector<std::string>& words, const char* separator) {
 // "-n", "--solutions".
 std::vector<std::string> FlagsOf(const CLI::Option& option) {
   std::vector<std::string> flags;
-  for (const std::string& name : option.get_snames()) flags.push_back('-' + name);
-  for (const std::string& name : option.get_lnames()) flags.push_back("--" + name);
+  for (const std::string& name : option.get_snames()) flags.emplace_back("-").append(name);
+  for (const std::string& name : option.get_lnames()) flags.emplace_back("--").append(name);
   return flags;
 }
 
@@ -63,7 +63,7 @@ void PrintValueCases(const CLI::App& app, const std::string& command, std::ostre
     const std::vector<std::string> flags = FlagsOf(*option);
     if (flags.empty() || !TakesValue(*option)) continue;
     std::vector<std::string> patterns;
-    for (const std::string& flag : flags) patterns.push_back(command + ' ' + flag);
+    for (const std::string& flag : flags) patterns.emplace_back(command).append(" ").append(flag);
     out << "    \"" << Join(patterns, "\"|\"") << "\") " << CompleteValue(*option)
         << "; return ;;\n";
   }

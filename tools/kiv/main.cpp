@@ -18,6 +18,7 @@ int Run(int argc, char** argv) {
       "  kiv solve examples/send_more_money.kiv\n"
       "  kiv solve --all -D n=6 examples/queens.kiv\n"
       "  kiv propagate examples/send_more_money.kiv\n"
+      "  kiv check examples/queens.kiv\n"
       "  kiv domain '{ 1, 5, 9 } + [1, 3]'\n"
       "  kiv operators --module KivOmbEnumIntegers\n"
       "Exit codes: 0 solved, 1 no solution, 2 bad input, 3 unknown, 4 failure, 130 interrupted.\n"

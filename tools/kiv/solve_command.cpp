@@ -29,7 +29,7 @@ class SolveRun {
     SearchOptions search = options_.MakeSearch(model_);
     if (ProgressLine::IsPossible() && !options_.quiet && !options_.trace.UsesStandardError()) {
       search.on_progress = [this](const SearchProgress& progress) { progress_.Show(progress); };
-      search.progress_interval = 100;
+      search.progress_interval = 10;  // it looks at the clock itself
     }
     Trace trace(options_.trace, model_);
     model_.GetNetwork().SetStopFlag(&CatchStopSignals());

@@ -83,19 +83,18 @@ SearchOptions SolveOptions::MakeSearch(const CompiledModel& compiled) const {
   const auto declared = compiled.GetDeclared();
   const auto objective = MakeObjective(compiled.GetGoal());
   const bool seeks_one = objective || CountWanted(compiled.GetGoal().kind) == 1;
+  const bool is_free = strategy.empty() && compiled.GetStrategy().empty();
   SearchOptions search;
-  if (strategy == "default") {
+  if (strategy == "default" || (is_free && seeks_one)) {
     search = DefaultSearch(declared);
-  } else if (!strategy.empty()) {
-    const StrategyChoice choice = ParseStrategy(strategy);
-    search.strategy = {{declared, choice.variables, choice.values}};
-  } else if (!compiled.GetStrategy().empty()) {
-    search.strategy = ModelStrategy(compiled);
-  } else if (seeks_one) {
-    search = DefaultSearch(declared);
-  } else {
+  } else if (is_free) {
     // Every solution is visited anyway: an order that can be told beforehand is worth more.
     search.strategy = BisectionStrategy(declared);
+  } else if (strategy.empty()) {
+    search.strategy = ModelStrategy(compiled);
+  } else {
+    const StrategyChoice choice = ParseStrategy(strategy);
+    search.strategy = {{declared, choice.variables, choice.values}};
   }
   if (!restarts.empty()) search.restarts = ParseRestarts(restarts);
   search.objective = objective;

@@ -1,7 +1,5 @@
 #include "tools/kiv/solve_outcome.h"
 
-#include <utility>
-
 namespace kiv {
 namespace {
 
@@ -46,7 +44,7 @@ SolveOutcome JudgeOutcome(SearchResult result, const CompiledModel::Goal& goal, 
   SolveOutcome outcome;
   outcome.status = JudgeStatus(result, has_objective);
   outcome.exit_code = JudgeExitCode(result, outcome.status, has_objective);
-  outcome.result = std::move(result);
+  outcome.result = result;
   return outcome;
 }
 

@@ -45,10 +45,17 @@ struct Formula {
   std::function<bool(const Values&)> holds;
 };
 
+// An index is no index of an array: no values make that right.
+struct OutsideOfArray {};
+
+constexpr std::int64_t kFirstIndex = -2;
+constexpr std::int64_t kElements[] = {3, 0, -2, 1, 3, 5};
+
 // A random model over a few variables, small enough to try all their values.
 class RandomModel {
  public:
   explicit RandomModel(std::uint64_t seed) : random_(seed) {
+    text_ = "param p[-2..3] : int = [3, 0, -2, 1, 3, 5];\n";
     for (const char* name : {"a", "b", "c"}) AddInteger(name);
     text_ += "t : bool;\n";
     names_.push_back("t");
@@ -74,6 +81,9 @@ class RandomModel {
   int Roll(int least, int greatest) {
     return std::uniform_int_distribution<int>(least, greatest)(random_);
   }
+
+  // Of a variable of a loop.
+  std::string NewName() { return "i" + std::to_string(++loops_); }
 
   void AddInteger(const std::string& name) {
     std::set<std::int64_t> values;
@@ -107,7 +117,7 @@ class RandomModel {
   }
 
   Term MakeTerm(int depth) {
-    switch (depth == 0 ? 0 : Roll(0, 5)) {
+    switch (depth == 0 ? 0 : Roll(0, 9)) {
       case 0:
         return MakeVariable();
       case 1: {
@@ -134,6 +144,38 @@ class RandomModel {
         const Term left = MakeTerm(depth - 1), right = MakeTerm(depth - 1);
         return {Wrap(left, 0) + " + " + Wrap(right, 1), 0,
                 [left, right](const Values& v) { return left.value(v) + right.value(v); }};
+      }
+      case 6: {
+        const Term x = MakeVariable(), y = MakeTerm(depth - 1);
+        return {"p[" + x.text + " + " + Wrap(y, 1) + ']', 2, [x, y](const Values& v) {
+                  const std::int64_t place = x.value(v) + y.value(v) - kFirstIndex;
+                  if (place < 0 || place >= std::ssize(kElements)) throw OutsideOfArray();
+                  return kElements[static_cast<std::size_t>(place)];
+                }};
+      }
+      case 7: {
+        const Term x = MakeTerm(depth - 1), y = MakeTerm(depth - 1), z = MakeTerm(depth - 1);
+        const bool least = Roll(0, 1) == 0;
+        return {(least ? "min(" : "max(") + x.text + ", " + y.text + ", " + z.text + ')', 2,
+                [x, y, z, least](const Values& v) {
+                  const auto values = {x.value(v), y.value(v), z.value(v)};
+                  return least ? std::min(values) : std::max(values);
+                }};
+      }
+      case 8: {
+        const Formula truth = MakeFormula(depth - 1);
+        const bool counts = Roll(0, 1) == 0;
+        return {counts ? "count(" + NewName() + " in 1..2)(" + truth.text + ')'
+                       : "int((" + truth.text + "))",
+                2, [truth, counts](const Values& v) -> std::int64_t {
+                  return truth.holds(v) ? (counts ? 2 : 1) : 0;
+                }};
+      }
+      case 9: {
+        const Term part = MakeTerm(depth - 1);
+        const std::string i = NewName();
+        return {"sum(" + i + " in 1..3)(" + Wrap(part, 1) + "*" + i + ")", 2,
+                [part](const Values& v) { return 6 * part.value(v); }};
       }
       default: {
         const Term left = MakeTerm(depth - 1), right = MakeTerm(depth - 1);
@@ -192,15 +234,15 @@ class RandomModel {
             [formula](const Values& v) { return (v[3] != 0) == formula.holds(v); }};
   }
 
-  // A question asserts nothing when it stands alone.
+  // A question asserts nothing when it stands alone, also as what a statement repeats.
   Assertion MakeTruth() {
     const Formula formula = MakeFormula(2);
-    const bool asks = formula.level == Formula::kQuestion;
+    const bool asks = formula.level == Formula::kQuestion || formula.text.starts_with("forall");
     return {asks ? formula.text + " = true" : formula.text, formula.holds};
   }
 
   Formula MakeFormula(int depth) {
-    switch (depth == 0 ? Roll(0, 2) : Roll(0, 7)) {
+    switch (depth == 0 ? Roll(0, 2) : Roll(0, 10)) {
       case 0:
         return {"t", Formula::kAtom, [](const Values& v) { return v[3] != 0; }};
       case 1: {
@@ -214,6 +256,10 @@ class RandomModel {
         return {"not " + Wrap(operand, Formula::kNegation), Formula::kNegation,
                 [operand](const Values& v) { return !operand.holds(v); }};
       }
+      case 4:
+        return MakeMembership();
+      case 5:
+        return MakeLongConnection(depth);
       default:
         return MakeConnection(depth);
     }
@@ -226,6 +272,42 @@ class RandomModel {
             [&relation, left, right](const Values& v) {
               return relation.holds(left.value(v), right.value(v));
             }};
+  }
+
+  Formula MakeMembership() {
+    const Term term = MakeTerm(1);
+    const std::int64_t first = Roll(-3, 3);
+    if (Roll(0, 1) == 0) {
+      const std::int64_t last = first + Roll(-1, 3);
+      return {term.text + " in " + std::to_string(first) + ".." + std::to_string(last),
+              Formula::kQuestion, [term, first, last](const Values& v) {
+                return first <= term.value(v) && term.value(v) <= last;
+              }};
+    }
+    return {
+        term.text + " in { 4, " + std::to_string(first) + " }", Formula::kQuestion,
+        [term, first](const Values& v) { return term.value(v) == 4 || term.value(v) == first; }};
+  }
+
+  // Three operands of one connective, or what a loop makes of one.
+  Formula MakeLongConnection(int depth) {
+    const Formula x = MakeFormula(depth - 1), y = MakeFormula(depth - 1), z = MakeFormula(0);
+    const bool all = Roll(0, 1) == 0;
+    const auto holds = [x, y, z, all](const Values& v) {
+      const bool truths[] = {x.holds(v), y.holds(v), z.holds(v)};
+      return std::ranges::count(truths, true) >= (all ? 3 : 1);
+    };
+    if (Roll(0, 1) == 0) {
+      const int level = all ? Formula::kConjunction : Formula::kDisjunction;
+      const std::string symbol = all ? " and " : " or ";
+      return {Wrap(x, level + 1) + symbol + Wrap(y, level + 1) + symbol + Wrap(z, level + 1), level,
+              holds};
+    }
+    const std::string i = NewName();
+    const std::string open = (all ? "forall(" : "exists(") + i + " in 1..3)(";
+    return {open + "if " + i + " = 1 then " + x.text + " else if " + i + " = 2 then " + y.text +
+                " else " + z.text + ")",
+            Formula::kAtom, holds};
   }
 
   struct Connective {
@@ -255,10 +337,18 @@ class RandomModel {
             }};
   }
 
+  bool Holds(const Values& values) const {
+    try {
+      return std::ranges::all_of(
+          assertions_, [&](const Assertion& assertion) { return assertion.holds(values); });
+    } catch (const OutsideOfArray&) {
+      return false;
+    }
+  }
+
   void Try(std::size_t variable, Values& values, std::set<std::string>& solutions) const {
     if (variable == domains_.size()) {
-      const auto holds = [&values](const Assertion& assertion) { return assertion.holds(values); };
-      if (!std::all_of(assertions_.begin(), assertions_.end(), holds)) return;
+      if (!Holds(values)) return;
       std::string text;
       for (std::size_t i = 0; i + 1 < names_.size(); ++i) {
         text += names_[i] + " = " + std::to_string(values[i]) + '\n';
@@ -273,6 +363,7 @@ class RandomModel {
   }
 
   std::mt19937_64 random_;
+  int loops_ = 0;
   std::string text_;
   std::vector<std::string> names_;
   std::vector<Values> domains_;

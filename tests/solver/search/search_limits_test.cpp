@@ -66,6 +66,24 @@ TEST_F(SearchLimitsTest, OfTimeEndsAHopelessSearch) {
   EXPECT_EQ(Run({.time = std::chrono::nanoseconds(0)}).statistics.nodes, 0u);
 }
 
+// Each of two strict orders moves a bound by one, two thousand million times.
+TEST_F(SearchLimitsTest, OfTimeEndsAPropagationThatCreeps) {
+  const auto* kind = OpenModules().FindKind("interval int");
+  const auto x = network_.AddVariable(*kind);
+  const auto y = network_.AddVariable(*kind);
+  for (const VariableId variable : {x, y}) {
+    network_.Update(variable, [](KivOmbiAny& domain) {
+      static_cast<KivOmbiInteger&>(domain).SetLowerBound(0);
+      static_cast<KivOmbiInteger&>(domain).SetUpperBound(2147483646);
+    });
+  }
+  const auto* less = OpenModules().operators.Resolve("<", {kind, kind});
+  network_.Post(*less, x, y, KivOmbNetwork::kNone);
+  network_.Post(*less, y, x, KivOmbNetwork::kNone);
+  EXPECT_EQ(Run({.time = std::chrono::milliseconds(5)}).end, SearchEnd::kTimeLimit);
+  EXPECT_EQ(network_.GetLevel(), 0u);
+}
+
 TEST_F(SearchLimitsTest, CountForNothingWhereNothingIsLeft) {
   BuildPigeonHoles(1);
   const SearchResult result = Run({.nodes = 0, .failures = 0});
