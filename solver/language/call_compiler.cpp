@@ -66,16 +66,44 @@ class Arguments {
       }
       return argument;
     }
-    auto operands = CompileList(expression, expressions_);
-    if (!operands) return std::nullopt;
-    argument.first = FirstIndex(expression);
-    argument.operands = *std::move(operands);
-    if (kind == ParameterKind::kIntegers) {
-      return CheckIntegers(argument.operands) ? std::optional(std::move(argument)) : std::nullopt;
+    if (!CompileElements(expression, kind, argument)) return std::nullopt;
+    const bool fits = kind == ParameterKind::kIntegers ? CheckIntegers(argument.operands)
+                                                       : TakeConstants(argument);
+    return fits ? std::optional(std::move(argument)) : std::nullopt;
+  }
+
+  // The elements of a list in order, with what the list tells of their indices and rows.
+  bool CompileElements(const Expression& expression, ParameterKind kind, CallArgument& argument) {
+    const auto* reference = std::get_if<Reference>(&expression.form);
+    if (reference != nullptr && expressions_.GetReferences().IsArray(*reference)) {
+      auto view = expressions_.GetReferences().CompileArray(*reference, expression.range);
+      if (!view) return false;
+      if (view->shape.size() == 1) argument.first = view->shape.front().first;
+      argument.row_length = static_cast<std::size_t>(view->shape.back().Count());
+      argument.operands = std::move(view->elements);
+      return true;
     }
-    if (!TakeConstants(argument)) return std::nullopt;
-    if (kind == ParameterKind::kTuples && !FindRowLength(expression, argument)) return std::nullopt;
-    return argument;
+    const auto* list = std::get_if<ListLiteral>(&expression.form);
+    if (kind == ParameterKind::kTuples && list != nullptr && !list->elements.empty()) {
+      return CompileRows(list->elements, argument);
+    }
+    auto operands = CompileList(expression, expressions_);
+    if (operands) argument.operands = *std::move(operands);
+    return operands.has_value();
+  }
+
+  bool CompileRows(const std::vector<Expression>& rows, CallArgument& argument) {
+    for (const Expression& row : rows) {
+      const auto operands = CompileList(row, expressions_);
+      if (!operands) return false;
+      if (&row == &rows.front()) argument.row_length = operands->size();
+      if (operands->size() != argument.row_length) {
+        Report(row.range, "takes rows of one length");
+        return false;
+      }
+      argument.operands.insert(argument.operands.end(), operands->begin(), operands->end());
+    }
+    return true;
   }
 
   bool CheckIntegers(const std::vector<Operand>& operands) {
@@ -116,43 +144,6 @@ class Arguments {
       return true;
     });
     return argument;
-  }
-
-  // Rows are the rows of an array, or lists of one length; a list of numbers is a single row.
-  bool FindRowLength(const Expression& expression, CallArgument& argument) {
-    argument.row_length = argument.constants.size();
-    if (const auto* reference = std::get_if<Reference>(&expression.form)) {
-      const auto view =
-          expressions_.GetReferences().IsArray(*reference)
-              ? expressions_.GetReferences().CompileArray(*reference, expression.range)
-              : std::nullopt;
-      if (view) argument.row_length = static_cast<std::size_t>(view->shape.back().Count());
-      return true;
-    }
-    if (const auto* comprehension = std::get_if<Comprehension>(&expression.form)) {
-      const auto* row = std::get_if<ListLiteral>(&comprehension->element->form);
-      argument.row_length = row != nullptr ? row->elements.size() : 1;
-      return true;
-    }
-    const auto* list = std::get_if<ListLiteral>(&expression.form);
-    if (list == nullptr || list->elements.empty()) return true;
-    if (!std::holds_alternative<ListLiteral>(list->elements.front().form)) return true;
-    argument.row_length = std::get<ListLiteral>(list->elements.front().form).elements.size();
-    for (const Expression& element : list->elements) {
-      const auto* row = std::get_if<ListLiteral>(&element.form);
-      if (row != nullptr && row->elements.size() == argument.row_length) continue;
-      Report(element.range, "takes rows of one length");
-      return false;
-    }
-    return true;
-  }
-
-  // Lists that are no array of one index count from 1.
-  std::int64_t FirstIndex(const Expression& expression) {
-    const auto* reference = std::get_if<Reference>(&expression.form);
-    if (reference == nullptr || !expressions_.GetReferences().IsArray(*reference)) return 1;
-    const auto view = expressions_.GetReferences().CompileArray(*reference, expression.range);
-    return view && view->shape.size() == 1 ? view->shape.front().first : 1;
   }
 
   const CallEntry& entry_;

@@ -29,10 +29,10 @@ enum class ParameterKind {
 // An argument, computed for its parameter.
 struct CallArgument {
   SourceRange range;
-  std::vector<Operand> operands;        // integers, or a single value
-  std::int64_t first = 1;               // the index of the first one
-  std::vector<std::int32_t> constants;  // row by row
-  std::size_t row_length = 0;           // of tuples; 0 when there are none
+  std::vector<Operand> operands;          // integers, or a single value
+  std::int64_t first = 1;                 // the index of the first one, an integer of models
+  std::vector<std::int32_t> constants;    // row by row
+  std::optional<std::size_t> row_length;  // of tuples, where the list tells it
 };
 
 // One call in a model.

@@ -49,13 +49,6 @@ bool CheckLengths(const CallSite& site, std::size_t lists) {
   return true;
 }
 
-// Reports a list whose indices are no values of variables.
-bool CheckIndices(const CallSite& site, const CallArgument& argument) {
-  const auto count = static_cast<std::int64_t>(argument.operands.size());
-  if (IsModelInteger(argument.first) && IsModelInteger(argument.first + count)) return true;
-  return Report(site, argument.range, "takes lists with indices in " + DescribeModelIntegers());
-}
-
 bool HasAnnotation(const CallSite& site, std::string_view name) {
   return std::ranges::find(site.annotations, name, &Word::text) != site.annotations.end();
 }
@@ -71,7 +64,7 @@ template <class Post>
 bool PostSuccessors(const CallSite& site, Post post) {
   const CallArgument& successors = site.arguments.front();
   const auto variables = site.builder.GetVariables(successors.operands);
-  if (!variables || !CheckIndices(site, successors)) return false;
+  if (!variables) return false;
   return site.builder.PostAll(variables->size() + 1, site.range, [&](KivOmbNetwork& network) {
     return post(network, *variables, static_cast<std::int32_t>(successors.first));
   });
@@ -112,7 +105,7 @@ bool PostSubcircuitCall(const CallSite& site) { return PostSuccessors(site, &Pos
 bool PostInverseCall(const CallSite& site) {
   const CallArgument& f = site.arguments[0];
   const CallArgument& g = site.arguments[1];
-  if (!CheckLengths(site, 2) || !CheckIndices(site, f) || !CheckIndices(site, g)) return false;
+  if (!CheckLengths(site, 2)) return false;
   const auto f_variables = site.builder.GetVariables(f.operands);
   const auto g_variables = site.builder.GetVariables(g.operands);
   if (!f_variables || !g_variables) return false;
@@ -174,10 +167,12 @@ bool PostTable(const CallSite& site) {
   if (variables->empty()) {
     return Report(site, site.arguments[0].range, "takes at least one integer");
   }
-  if (rows.row_length != 0 && rows.row_length != variables->size()) {
+  const std::size_t length = rows.row_length.value_or(variables->size());
+  if (length != variables->size() || rows.constants.size() % length != 0) {
     return Report(site, rows.range,
                   "takes rows with a value for each of the " + std::to_string(variables->size()) +
-                      " integers; these have " + std::to_string(rows.row_length));
+                      " integers" +
+                      (rows.row_length ? "; these have " + std::to_string(length) : ""));
   }
   if (rows.constants.size() > TupleIndex::kMostCells) {
     return Report(site, rows.range,

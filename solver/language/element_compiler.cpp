@@ -19,16 +19,19 @@ struct Index {
 };
 
 // An index x + c of an array from 1 is the index x of an array from 1 - c.
-std::optional<Index> CompileIndex(const Operand& index, std::int64_t first,
+std::optional<Index> CompileIndex(const Operand& index, const IndexRange& indices,
                                   NetworkBuilder& builder) {
   if (const auto shifted = FindShift(index)) {
-    std::int64_t begin = 0;
-    if (!__builtin_sub_overflow(first, shifted->constant, &begin) && IsModelInteger(begin)) {
-      return Index{shifted->variable, begin};
+    std::int64_t first = 0;
+    std::int64_t last = 0;
+    if (!__builtin_sub_overflow(indices.first, shifted->constant, &first) &&
+        !__builtin_sub_overflow(indices.last, shifted->constant, &last) && IsModelInteger(first) &&
+        IsModelInteger(last)) {
+      return Index{shifted->variable, first};
     }
   }
   const auto variable = builder.GetVariable(index);
-  return variable ? std::optional(Index{*variable, first}) : std::nullopt;
+  return variable ? std::optional(Index{*variable, indices.first}) : std::nullopt;
 }
 
 // The number of the element, row by row from 0.
@@ -122,14 +125,8 @@ std::optional<Operand> CompileElement(const ArrayView& view, const std::vector<O
                     "variables");
     return std::nullopt;
   }
-  for (const IndexRange& dimension : view.shape) {
-    if (IsModelInteger(dimension.first) && IsModelInteger(dimension.last)) continue;
-    diagnostics.Add(range, "indices outside " + DescribeModelIntegers() +
-                               " must be made of numbers, parameters and loop variables");
-    return std::nullopt;
-  }
   const auto index = indices.size() == 1
-                         ? CompileIndex(indices.front(), view.shape.front().first, builder)
+                         ? CompileIndex(indices.front(), view.shape.front(), builder)
                          : CompilePosition(view.shape, indices, range, builder);
   if (!index) return std::nullopt;
   return view.elements.front().constant

@@ -47,7 +47,7 @@ class KIV_EXPORT NetworkBuilder {
                                       SourceRange range);
   const KivOmbiObjectDescriptor& ChooseKind(const KivOmbiObjectDescriptor& kind,
                                             const ValueWidth& width) const;
-  const ValueWidths& GetWidths() const noexcept { return widths_; }
+  ValueWidths& GetWidths() noexcept { return widths_; }
   // The variable that holds the operand: for a constant, a fixed one that all its uses share, for a
   // sum or formula a new one.
   std::optional<VariableId> GetVariable(const Operand& operand);

@@ -296,10 +296,10 @@ std::optional<Operand> OperatorCompiler::Post(const Row& row, const Word& symbol
   const ValueWidth width =
       ValueWidths::Apply(symbol.text, widths.Of(left), right_width ? &*right_width : nullptr);
   const Row& chosen = ChooseRow(row, builder_.ChooseKind(kind, width));
-  const auto result = &chosen == &row ? builder_.AddVariable(kind, range)
-                                      : builder_.AddResult(*chosen.GetResult(), width, range);
-  const bool posted = result && builder_.PostRow(chosen, *first, *second, *result, range);
-  return posted ? std::optional(MakeVariable(*result, range)) : std::nullopt;
+  const auto result = builder_.AddVariable(*chosen.GetResult(), range);
+  if (!result || !builder_.PostRow(chosen, *first, *second, *result, range)) return std::nullopt;
+  builder_.GetWidths().Note(*result, width);
+  return MakeVariable(*result, range);
 }
 
 // A row for all kinds with that result, if it has one.

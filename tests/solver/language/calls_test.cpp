@@ -126,6 +126,10 @@ const CallCase kCases[] = {
      [](const Values& v) { return (v.q[0] == 1 && v.q[1] == 1) || (v.q[0] == 3 && v.q[1] == 3); }},
     {"table([q[0], n], [[i, i*i] | i in 0..3])",
      [](const Values& v) { return v.n == v.q[0] * v.q[0]; }},
+    {"table([q[0], n], [pairs[2, *], [i | i in 0..1]])",
+     [](const Values& v) { return (v.q[0] == 3 && v.n == 4) || (v.q[0] == 0 && v.n == 1); }},
+    {"table([q[0], n], [pairs[i, *] | i in 1..2])",
+     [](const Values& v) { return (v.q[0] == 1 && v.n == 2) || (v.q[0] == 3 && v.n == 4); }},
     {"table([n, n], [])", [](const Values&) { return false; }},
     {"min(q) = n", [](const Values& v) { return std::ranges::min(v.q) == v.n; }},
     {"max(q[0], q[1], 2) = n",
@@ -252,6 +256,8 @@ TEST(CallErrors, TellListsThatDoNotGoTogether) {
             "have 2");
   EXPECT_EQ(FirstLine("table(q, [[1, 2, 3], [3, 4]]);"),
             "m.kiv:3:22: error: 'table' takes rows of one length");
+  EXPECT_EQ(FirstLine("table(q, [i | i in 1..4]);"),
+            "m.kiv:3:10: error: 'table' takes rows with a value for each of the 3 integers");
   EXPECT_EQ(FirstLine("table([], [[1]]);"), "m.kiv:3:7: error: 'table' takes at least one integer");
   EXPECT_EQ(FirstLine("table(q, [q]);"),
             "m.kiv:3:11: error: 'table' takes numbers, parameters and loop variables here");

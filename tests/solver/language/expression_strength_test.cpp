@@ -94,6 +94,13 @@ TEST(WideValues, KeepTheirBounds) {
             "x = 9\nt = { 0, 1 }\nq = [[0, 9], [0, 9]]\n");
 }
 
+// The product of two variables that are few is listed, but its width counts in the next one.
+TEST(WideValues, GrowStepByStep) {
+  EXPECT_EQ(PropagationOf("x, y : enum int = [1, 30]; z : enum int = [1, 100]; "
+                          "x*y*z >= 90000 - (z mod 2); solve;"),
+            "x = 30\ny = 30\nz = 100\n");
+}
+
 TEST(WideValues, StayListedWhereTheyAreFew) {
   EXPECT_EQ(PropagationOf("x : enum int = { 1, 2000 }; y : enum int = { 1, 3 }; "
                           "z : enum int = { 1, 3, 5, 2000, 5999, 6000 }; z = x*y; solve;"),
