@@ -66,7 +66,7 @@ bool PostSuccessors(const CallSite& site, Post post) {
   const auto variables = site.builder.GetVariables(successors.operands);
   if (!variables) return false;
   return site.builder.PostAll(variables->size() + 1, site.range, [&](KivOmbNetwork& network) {
-    return post(network, *variables, static_cast<std::int32_t>(successors.first));
+    post(network, *variables, static_cast<std::int32_t>(successors.first));
   });
 }
 
@@ -94,7 +94,7 @@ bool PostAllDifferentCall(const CallSite& site) {
     offsets.clear();
   }
   return site.builder.PostAll(variables.size() + 1, site.range, [&](KivOmbNetwork& network) {
-    return PostAllDifferent(network, variables, StrengthOf(site), offsets);
+    PostAllDifferent(network, variables, StrengthOf(site), offsets);
   });
 }
 
@@ -110,8 +110,8 @@ bool PostInverseCall(const CallSite& site) {
   const auto g_variables = site.builder.GetVariables(g.operands);
   if (!f_variables || !g_variables) return false;
   return site.builder.PostAll(2 * f_variables->size() + 1, site.range, [&](KivOmbNetwork& network) {
-    return PostInverse(network, *f_variables, *g_variables, static_cast<std::int32_t>(f.first),
-                       static_cast<std::int32_t>(g.first));
+    PostInverse(network, *f_variables, *g_variables, static_cast<std::int32_t>(f.first),
+                static_cast<std::int32_t>(g.first));
   });
 }
 

@@ -176,9 +176,7 @@ LinearExpression NetworkBuilder::ToSum(Operand operand) {
 
 bool NetworkBuilder::PostRow(const KivOmbiCompoundObjectDescriptor& row, VariableId left,
                              VariableId right, VariableId result, SourceRange range) {
-  return PostAll(1, range, [&](KivOmbNetwork& network) {
-    return std::vector{network.Post(row, left, right, result)};
-  });
+  return PostAll(1, range, [&](KivOmbNetwork& network) { network.Post(row, left, right, result); });
 }
 
 bool NetworkBuilder::PostSum(const LinearExpression& left, LinearRelation relation,
@@ -186,7 +184,7 @@ bool NetworkBuilder::PostSum(const LinearExpression& left, LinearRelation relati
                              std::optional<LinearTruth> truth) {
   try {
     return PostAll(1, range, [&](KivOmbNetwork& network) {
-      return std::vector{PostLinear(network, left, relation, right, truth)};
+      PostLinear(network, left, relation, right, truth);
     });
   } catch (const std::overflow_error&) {
     diagnostics_.Add(range, "a coefficient of this sum does not fit 64 bits");

@@ -75,16 +75,17 @@ class KIV_EXPORT NetworkBuilder {
   template <class T, class... Parameters>
   bool Post(std::span<const VariableId> arguments, SourceRange range, Parameters&&... parameters) {
     return PostAll(arguments.size() + 1, range, [&](KivOmbNetwork& network) {
-      return std::vector{network.Emplace<T>(arguments, std::forward<Parameters>(parameters)...)};
+      network.Emplace<T>(arguments, std::forward<Parameters>(parameters)...);
     });
   }
-  // What `post` posts to the network it is given and returns, at a cost of `steps` to the budget.
+  // All that `post(network)` posts, at a cost of `steps` to the budget.
   template <class Post>
   bool PostAll(std::uint64_t steps, SourceRange range, Post&& post) {
     if (!budget_.Spend(steps, range, diagnostics_)) return false;
-    for (const ConstraintId constraint : post(model_.GetNetwork())) {
-      model_.AddOrigin(constraint, range);
-    }
+    KivOmbNetwork& network = model_.GetNetwork();
+    auto next = static_cast<ConstraintId>(network.CountConstraints());
+    post(network);
+    for (; next < network.CountConstraints(); ++next) model_.AddOrigin(next, range);
     return true;
   }
 
