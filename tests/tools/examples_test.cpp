@@ -142,9 +142,9 @@ TEST(Examples, SudokuHasOneSolution) {
   const CommandResult result =
       SolveExample("sudoku.kiv", {"--all", "--data", kFolder + "sudoku.json"});
   EXPECT_EQ(result.output,
-            "8 1 2 7 5 3 6 4 9\n9 4 3 6 8 2 1 7 5\n6 7 5 4 9 1 2 8 3\n1 5 4 2 3 7 8 9 6\n"
-            "3 6 9 8 4 5 7 2 1\n2 8 7 1 6 9 5 3 4\n5 2 1 9 7 4 3 6 8\n4 3 8 5 2 6 9 1 7\n"
-            "7 9 6 3 1 8 4 5 2\n----------\n");
+            "7 5 6 4 3 2 1 9 8\n2 8 4 9 5 1 3 6 7\n3 1 9 7 8 6 4 5 2\n4 3 7 6 9 5 2 8 1\n"
+            "5 2 8 3 1 7 9 4 6\n9 6 1 2 4 8 7 3 5\n1 9 5 8 7 3 6 2 4\n6 7 3 5 2 4 8 1 9\n"
+            "8 4 2 1 6 9 5 7 3\n----------\n");
   EXPECT_EQ(result.errors, "1 solution\n");
 }
 
