@@ -30,7 +30,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 if(KIV_SANITIZE)
   target_compile_options(kiv_build INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
-                                             -fno-omit-frame-pointer)
+                                             -fno-omit-frame-pointer
+                                             -g1)  # a report shows lines only
   target_link_options(kiv_build INTERFACE -fsanitize=address,undefined)
 endif()
 if(KIV_FUZZ)

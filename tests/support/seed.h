@@ -21,7 +21,7 @@ constexpr std::uint64_t Times(std::uint64_t in_release) {
 #ifdef NDEBUG
   return in_release;
 #else
-  return (in_release + 7) / 8;
+  return (in_release + 15) / 16;
 #endif
 }
 

@@ -28,6 +28,7 @@ std::size_t CountErasures(const std::string& text) {
 }
 
 TEST(ProgressLine, IsRewrittenOnATerminalAndVanishes) {
+  if (!HasTerminals()) GTEST_SKIP() << "no pseudo terminal to watch on";
   const CommandResult result = RunEndless({}, true);
   const std::regex line(
       "\r\033\\[K1\\.[0-9]+ s  nodes [0-9]+  failures [0-9]+  restarts [0-9]+  depth [0-9]+");
@@ -40,8 +41,12 @@ TEST(ProgressLine, IsRewrittenOnATerminalAndVanishes) {
   EXPECT_EQ(result.exit_code, 3);
 }
 
-TEST(ProgressLine, StaysAwayWhereNobodyWatchesOrWants) {
+TEST(ProgressLine, StaysAwayWhereNobodyWatches) {
   EXPECT_EQ(RunEndless({}, false).errors, "time limit reached; 0 solutions so far\n");
+}
+
+TEST(ProgressLine, StaysAwayWhereNobodyWantsIt) {
+  if (!HasTerminals()) GTEST_SKIP() << "no pseudo terminal to watch on";
   EXPECT_EQ(RunEndless({"--quiet"}, true).errors, "");
 }
 

@@ -74,6 +74,15 @@ struct Pipe {
 
 }  // namespace
 
+bool HasTerminals() {
+  int read = -1;
+  int write = -1;
+  if (openpty(&read, &write, nullptr, nullptr, nullptr) != 0) return false;
+  close(read);
+  close(write);
+  return true;
+}
+
 CommandResult RunKiv(const std::vector<std::string>& arguments, const CommandSettings& settings) {
   std::signal(SIGPIPE, SIG_IGN);
   Pipe in, out, err(settings.terminal);

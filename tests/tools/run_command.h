@@ -23,6 +23,9 @@ struct CommandSettings {
   std::string program;        // run instead of `kiv`, when it is not empty
 };
 
+// Whether this machine has pseudo terminals to offer; some containers have none.
+bool HasTerminals();
+
 // Runs the built `kiv` with these arguments and waits for its end. Throws std::system_error when it
 // cannot be started.
 CommandResult RunKiv(const std::vector<std::string>& arguments,

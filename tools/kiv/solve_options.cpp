@@ -58,7 +58,7 @@ void SolveOptions::AddTo(CLI::App& command) {
   command.add_option("--node-limit", node_limit, "Ends the search after so many nodes")
       ->type_name("N")
       ->check(WholeNumber());
-  command.add_option("--seed", seed, "The seed of random choices (0)")
+  command.add_option("--seed", seed, "Where random choices start from (0)")
       ->type_name("N")
       ->check(WholeNumber());
   command

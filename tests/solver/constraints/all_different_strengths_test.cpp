@@ -9,7 +9,7 @@
 #include "solver/constraints/all_different_bounds.h"
 #include "solver/constraints/all_different_domain.h"
 #include "solver/constraints/post_all_different.h"
-#include "tests/solver/constraints/random_arguments.h"
+#include "tests/solver/constraints/random_case.h"
 #include "tests/support/modules.h"
 #include "tests/support/seed.h"
 
@@ -18,10 +18,6 @@ namespace {
 
 using Outcome = KivOmbNetwork::Outcome;
 using VariableId = KivOmbNetwork::VariableId;
-
-const KivOmbiObjectDescriptor* Kind(const char* name) {
-  return OpenModulesAndForeign().FindKind(name);
-}
 
 bool Differ(const Assignment& values, const TermOffsets& offsets) {
   std::set<std::int64_t> terms;
@@ -64,27 +60,26 @@ TEST_P(AllDifferentStrengths, StandsUnderBruteForce) {
   std::size_t repeating = 0;
   for (std::uint64_t seed = first; seed < first + Times(1200); ++seed) {
     Generator random(seed);
-    RandomArguments chosen{random};
+    RandomCase chosen(random);
     const Values pool = OneIn(random, 8) ? Range(2147483640, 2147483646) : Range(-3, 4);
     for (int count = Pick(random, 0, 6); count > 0; --count) {
-      chosen.Add(pool, Pick(random, 1, 6), 12);
+      chosen.AddTerm(pool, Pick(random, 1, 6), 12);
     }
     TermOffsets offsets;
     if (OneIn(random, 2)) {
-      for (std::size_t i = 0; i < chosen.arguments.size(); ++i) {
+      for (std::size_t i = 0; i < chosen.CountArguments(); ++i) {
         offsets.push_back(Pick(random, -3, 3));
       }
       ++with_offsets;
     }
-    repeating += chosen.repeats ? 1 : 0;
-    CheckConstraint(
-        chosen.Case(
-            GetParam().name,
-            [&](KivOmbNetwork& network, auto arguments) {
-              GetParam().post(network, arguments, offsets);
-            },
-            [&](const Assignment& values) { return Differ(values, offsets); }, GetParam().strength),
-        seed);
+    repeating += chosen.Repeats() ? 1 : 0;
+    CheckConstraint(chosen.Finish(
+                        GetParam().name, GetParam().strength,
+                        [&](KivOmbNetwork& network, auto arguments) {
+                          GetParam().post(network, arguments, offsets);
+                        },
+                        [&](const Assignment& values) { return Differ(values, offsets); }),
+                    seed);
     if (testing::Test::HasFailure()) return;
   }
   EXPECT_GT(with_offsets, Times(1200) / 4);

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "solver/constraints/subcircuit.h"
-#include "tests/solver/constraints/random_arguments.h"
+#include "tests/solver/constraints/random_case.h"
 #include "tests/support/modules.h"
 #include "tests/support/seed.h"
 
@@ -18,8 +18,6 @@ using Outcome = KivOmbNetwork::Outcome;
 using VariableId = KivOmbNetwork::VariableId;
 
 constexpr std::int32_t kMost = 2147483646;
-
-const KivOmbiObjectDescriptor* Kind(const char* name) { return OpenModules().FindKind(name); }
 
 // The places reached from `start`, in order, until one comes again; empty when a step leaves the
 // places or comes back elsewhere than to the start.
@@ -86,18 +84,17 @@ TEST_P(Circuits, StandUnderBruteForce) {
   const std::uint64_t first = Seed(1);
   for (std::uint64_t seed = first; seed < first + Times(1000); ++seed) {
     Generator random(seed);
-    RandomArguments chosen{random};
+    RandomCase chosen(random);
     const int places = Pick(random, 0, 5);
     const std::int32_t index = OneIn(random, 8) ? kMost - places + 1 : Pick(random, -2, 2);
     const Values pool = Range(index - 1, std::min(index, kMost - places) + places);
-    for (int i = 0; i < places; ++i) chosen.Add(pool, 5, OneIn(random, 8) ? 3 : 0);
-    CheckConstraint(chosen.Case(
-                        GetParam().name,
+    for (int i = 0; i < places; ++i) chosen.AddTerm(pool, 5, OneIn(random, 8) ? 3 : 0);
+    CheckConstraint(chosen.Finish(
+                        GetParam().name, Strength::kWeaker,
                         [&](KivOmbNetwork& network, auto arguments) {
                           GetParam().post(network, arguments, index);
                         },
-                        [&](const Assignment& values) { return GetParam().holds(values, index); },
-                        Strength::kWeaker),
+                        [&](const Assignment& values) { return GetParam().holds(values, index); }),
                     seed);
     if (testing::Test::HasFailure()) return;
   }

@@ -9,7 +9,7 @@
 #include "solver/constraints/among.h"
 #include "solver/constraints/count.h"
 #include "solver/constraints/number_of_values.h"
-#include "tests/solver/constraints/random_arguments.h"
+#include "tests/solver/constraints/random_case.h"
 #include "tests/support/modules.h"
 #include "tests/support/seed.h"
 
@@ -18,8 +18,6 @@ namespace {
 
 using Outcome = KivOmbNetwork::Outcome;
 using VariableId = KivOmbNetwork::VariableId;
-
-const KivOmbiObjectDescriptor* Kind(const char* name) { return OpenModules().FindKind(name); }
 
 template <class T, class... Parameters>
 auto Posts(const Parameters&... parameters) {
@@ -33,24 +31,22 @@ TEST(Among, StandsUnderBruteForce) {
   std::size_t exact = 0;
   for (std::uint64_t seed = first; seed < first + Times(1500); ++seed) {
     Generator random(seed);
-    RandomArguments chosen{random};
-    for (int count = Pick(random, 0, 4); count > 0; --count) chosen.Add(Range(-2, 4), 5, 10);
-    chosen.Add(Range(-1, 5), 5, 10);
+    RandomCase chosen(random);
+    for (int count = Pick(random, 0, 4); count > 0; --count) chosen.AddTerm(Range(-2, 4), 5, 10);
+    chosen.AddTerm(Range(-1, 5), 5, 10);
     Values set;
     for (int size = Pick(random, 0, 4); size > 0; --size) set.push_back(Pick(random, -2, 5));
-    const bool is_exact = chosen.AreSets() && !chosen.repeats;
+    const bool is_exact = chosen.AreSets() && !chosen.Repeats();
     exact += is_exact ? 1 : 0;
-    CheckConstraint(chosen.Case(
-                        "among", Posts<Among>(set),
-                        [&](const Assignment& values) {
-                          const auto in_set =
-                              std::count_if(values.begin(), values.end() - 1, [&](auto value) {
-                                return std::ranges::find(set, value) != set.end();
-                              });
-                          return in_set == values.back();
-                        },
-                        is_exact ? Strength::kDomain : Strength::kWeaker),
-                    seed);
+    CheckConstraint(
+        chosen.Finish("among", is_exact ? Strength::kDomain : Strength::kWeaker, Posts<Among>(set),
+                      [&](const Assignment& values) {
+                        const auto in_set = std::count_if(
+                            values.begin(), values.end() - 1,
+                            [&](auto value) { return std::ranges::find(set, value) != set.end(); });
+                        return in_set == values.back();
+                      }),
+        seed);
     if (testing::Test::HasFailure()) return;
   }
   EXPECT_GT(exact, Times(1500) / 20);
@@ -60,17 +56,16 @@ TEST(Count, StandsUnderBruteForce) {
   const std::uint64_t first = Seed(1);
   for (std::uint64_t seed = first; seed < first + Times(1500); ++seed) {
     Generator random(seed);
-    RandomArguments chosen{random};
-    for (int count = Pick(random, 0, 4); count > 0; --count) chosen.Add(Range(-2, 3), 4, 10);
-    chosen.Add(Range(-2, 4), 4, 10);
-    chosen.Add(Range(-1, 5), 4, 10);
-    CheckConstraint(chosen.Case(
-                        "count", Posts<Count>(),
-                        [](const Assignment& values) {
-                          const auto terms = values.end() - 2;
-                          return std::count(values.begin(), terms, *terms) == values.back();
-                        },
-                        Strength::kWeaker),
+    RandomCase chosen(random);
+    for (int count = Pick(random, 0, 4); count > 0; --count) chosen.AddTerm(Range(-2, 3), 4, 10);
+    chosen.AddTerm(Range(-2, 4), 4, 10);
+    chosen.AddTerm(Range(-1, 5), 4, 10);
+    CheckConstraint(chosen.Finish("count", Strength::kWeaker, Posts<Count>(),
+                                  [](const Assignment& values) {
+                                    const auto terms = values.end() - 2;
+                                    return std::count(values.begin(), terms, *terms) ==
+                                           values.back();
+                                  }),
                     seed);
     if (testing::Test::HasFailure()) return;
   }
@@ -80,16 +75,14 @@ TEST(NumberOfValues, StandsUnderBruteForce) {
   const std::uint64_t first = Seed(1);
   for (std::uint64_t seed = first; seed < first + Times(1500); ++seed) {
     Generator random(seed);
-    RandomArguments chosen{random};
-    for (int count = Pick(random, 0, 4); count > 0; --count) chosen.Add(Range(-2, 4), 4, 10);
-    chosen.Add(Range(-1, 5), 4, 10);
-    CheckConstraint(chosen.Case(
-                        "number of values", Posts<NumberOfValues>(),
-                        [](const Assignment& values) {
-                          const std::set terms(values.begin(), values.end() - 1);
-                          return static_cast<std::int64_t>(terms.size()) == values.back();
-                        },
-                        Strength::kWeaker),
+    RandomCase chosen(random);
+    for (int count = Pick(random, 0, 4); count > 0; --count) chosen.AddTerm(Range(-2, 4), 4, 10);
+    chosen.AddTerm(Range(-1, 5), 4, 10);
+    CheckConstraint(chosen.Finish("number of values", Strength::kWeaker, Posts<NumberOfValues>(),
+                                  [](const Assignment& values) {
+                                    const std::set terms(values.begin(), values.end() - 1);
+                                    return static_cast<std::int64_t>(terms.size()) == values.back();
+                                  }),
                     seed);
     if (testing::Test::HasFailure()) return;
   }

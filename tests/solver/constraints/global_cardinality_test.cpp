@@ -6,7 +6,7 @@
 #include <array>
 #include <stdexcept>
 
-#include "tests/solver/constraints/random_arguments.h"
+#include "tests/solver/constraints/random_case.h"
 #include "tests/support/modules.h"
 #include "tests/support/seed.h"
 
@@ -17,8 +17,6 @@ using Cover = GlobalCardinality::Cover;
 using Limits = GlobalCardinality::Limits;
 using Outcome = KivOmbNetwork::Outcome;
 using VariableId = KivOmbNetwork::VariableId;
-
-const KivOmbiObjectDescriptor* Kind(const char* name) { return OpenModules().FindKind(name); }
 
 // Different values in any order.
 Values RandomCover(Generator& random) {
@@ -37,14 +35,14 @@ TEST(GlobalCardinality, StandsUnderBruteForceWithCounts) {
   const std::uint64_t first = Seed(1);
   for (std::uint64_t seed = first; seed < first + Times(1500); ++seed) {
     Generator random(seed);
-    RandomArguments chosen{random};
+    RandomCase chosen(random);
     const Values cover = RandomCover(random);
     const int terms = Pick(random, 0, 4);
-    for (int i = 0; i < terms; ++i) chosen.Add(Range(-2, 4), 4, 12);
-    for (std::size_t k = 0; k < cover.size(); ++k) chosen.Add(Range(-1, 4), 3, 12);
+    for (int i = 0; i < terms; ++i) chosen.AddTerm(Range(-2, 4), 4, 12);
+    for (std::size_t k = 0; k < cover.size(); ++k) chosen.AddTerm(Range(-1, 4), 3, 12);
     const Cover closed = OneIn(random, 2) ? Cover::kClosed : Cover::kOpen;
-    CheckConstraint(chosen.Case(
-                        "global cardinality",
+    CheckConstraint(chosen.Finish(
+                        "global cardinality", Strength::kWeaker,
                         [&](KivOmbNetwork& network, auto arguments) {
                           network.Emplace<GlobalCardinality>(arguments, cover, closed);
                         },
@@ -56,8 +54,7 @@ TEST(GlobalCardinality, StandsUnderBruteForceWithCounts) {
                             if (times != values[taken.size() + k]) return false;
                           }
                           return closed == Cover::kOpen || IsCovered(taken, cover);
-                        },
-                        Strength::kWeaker),
+                        }),
                     seed);
     if (testing::Test::HasFailure()) return;
   }
@@ -67,17 +64,17 @@ TEST(GlobalCardinality, StandsUnderBruteForceWithLimits) {
   const std::uint64_t first = Seed(1);
   for (std::uint64_t seed = first; seed < first + Times(1500); ++seed) {
     Generator random(seed);
-    RandomArguments chosen{random};
+    RandomCase chosen(random);
     const Values cover = RandomCover(random);
     std::vector<Limits> limits;
     for (std::size_t k = 0; k < cover.size(); ++k) {
       const int least = Pick(random, -1, 2);
       limits.push_back({least, least + Pick(random, OneIn(random, 9) ? -1 : 0, 3)});
     }
-    for (int count = Pick(random, 0, 5); count > 0; --count) chosen.Add(Range(-2, 4), 4, 12);
+    for (int count = Pick(random, 0, 5); count > 0; --count) chosen.AddTerm(Range(-2, 4), 4, 12);
     const Cover closed = OneIn(random, 2) ? Cover::kClosed : Cover::kOpen;
-    CheckConstraint(chosen.Case(
-                        "global cardinality within limits",
+    CheckConstraint(chosen.Finish(
+                        "global cardinality within limits", Strength::kWeaker,
                         [&](KivOmbNetwork& network, auto arguments) {
                           network.Emplace<GlobalCardinality>(arguments, cover, limits, closed);
                         },
@@ -87,8 +84,7 @@ TEST(GlobalCardinality, StandsUnderBruteForceWithLimits) {
                             if (times < limits[k].least || times > limits[k].most) return false;
                           }
                           return closed == Cover::kOpen || IsCovered(values, cover);
-                        },
-                        Strength::kWeaker),
+                        }),
                     seed);
     if (testing::Test::HasFailure()) return;
   }

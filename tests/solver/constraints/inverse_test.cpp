@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "tests/solver/constraints/random_arguments.h"
+#include "tests/solver/constraints/random_case.h"
 #include "tests/support/modules.h"
 #include "tests/support/seed.h"
 
@@ -15,8 +15,6 @@ using Outcome = KivOmbNetwork::Outcome;
 using VariableId = KivOmbNetwork::VariableId;
 
 constexpr std::int32_t kMost = 2147483646;
-
-const KivOmbiObjectDescriptor* Kind(const char* name) { return OpenModules().FindKind(name); }
 
 // f[i] = j if and only if g[j] = i, said for each pair of places.
 bool AreInverse(const Assignment& values, std::size_t f_places, std::int64_t f_index,
@@ -49,22 +47,22 @@ TEST_P(InverseSequences, StandUnderBruteForce) {
   const std::uint64_t first = Seed(1);
   for (std::uint64_t seed = first; seed < first + Times(1000); ++seed) {
     Generator random(seed);
-    RandomArguments chosen{random};
+    RandomCase chosen(random);
     const int places = Pick(random, 0, 4);
     const int others = OneIn(random, 12) ? Pick(random, 0, 3) : places;
     const std::int32_t f_index = Pick(random, -2, 2);
     const std::int32_t g_index = Pick(random, -2, 2);
     const int repeated = OneIn(random, 4) ? 5 : 0;
     for (int i = 0; i < places; ++i) {
-      chosen.Add(Range(g_index - 1, g_index + places), 5, repeated);
+      chosen.AddTerm(Range(g_index - 1, g_index + places), 5, repeated);
     }
     for (int i = 0; i < others; ++i) {
-      chosen.Add(Range(f_index - 1, f_index + places), 5, repeated);
+      chosen.AddTerm(Range(f_index - 1, f_index + places), 5, repeated);
     }
     const auto f_places = static_cast<std::size_t>(places);
-    const bool exact = GetParam().with_all_different && chosen.AreSets() && !chosen.repeats;
-    CheckConstraint(chosen.Case(
-                        GetParam().name,
+    const bool exact = GetParam().with_all_different && chosen.AreSets() && !chosen.Repeats();
+    CheckConstraint(chosen.Finish(
+                        GetParam().name, exact ? Strength::kDomain : Strength::kWeaker,
                         [&](KivOmbNetwork& network, auto arguments) {
                           if (GetParam().with_all_different) {
                             PostInverse(network, arguments.first(f_places),
@@ -76,8 +74,7 @@ TEST_P(InverseSequences, StandUnderBruteForce) {
                         },
                         [&](const Assignment& values) {
                           return AreInverse(values, f_places, f_index, g_index);
-                        },
-                        exact ? Strength::kDomain : Strength::kWeaker),
+                        }),
                     seed);
     if (testing::Test::HasFailure()) return;
   }

@@ -1,11 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "tests/support/constraint_case.h"
 #include "tests/support/modules.h"
@@ -20,48 +19,29 @@ class RandomCase {
   explicit RandomCase(Generator& random) : random_(random) {}
 
   // A new variable as the next argument.
-  void Add(Declared declared) {
-    case_.arguments.push_back(static_cast<KivOmbNetwork::VariableId>(case_.variables.size()));
-    case_.variables.push_back(std::move(declared));
-  }
-  // A new integer with at most `most` values of the pool, or, once in `repeat_one_in`, an integer
-  // that was added before.
-  void AddInteger(const Values& pool, std::size_t most, int repeat_one_in = 12) {
-    if (AddRepeated(false, repeat_one_in)) return;
-    const auto* kind = PickOf(random_, IntegerKinds());
-    Add({kind, RandomValues(random_, *kind, pool, most)});
-  }
+  void Add(Declared declared);
+  // A new integer with at most `most` values of the pool, or, once in `repeat_one_in` (0: never),
+  // an integer that was added before.
+  void AddInteger(const Values& pool, std::size_t most, int repeat_one_in = 12);
+  // Likewise, but more often of a kind that can have holes, and now and then unknown at the start.
+  void AddTerm(const Values& pool, std::size_t most, int repeat_one_in);
   // One that starts unknown; enumeration tries the pool.
-  void AddUnknown(const Values& pool) { Add({PickOf(random_, IntegerKinds()), pool, true}); }
-  void AddBoolean(int repeat_one_in = 12) {
-    if (AddRepeated(true, repeat_one_in)) return;
-    const auto* kind = OpenModules().FindKind("bool");
-    Add({kind, RandomValues(random_, *kind, Flavour::kSmall)});
-  }
+  void AddUnknown(const Values& pool);
+  void AddBoolean(int repeat_one_in = 12);
+
+  std::size_t CountArguments() const { return case_.arguments.size(); }
+  // Whether some variable is named twice.
+  bool Repeats() const { return case_.arguments.size() > case_.variables.size(); }
+  // Whether all variables are known and of kinds that can lose inner values.
+  bool AreSets() const;
 
   ConstraintCase Finish(
       std::string name, Strength strength,
       std::function<void(KivOmbNetwork&, std::span<const KivOmbNetwork::VariableId>)> post,
-      std::function<bool(const Assignment&)> holds) {
-    case_.name = std::move(name);
-    case_.strength = strength;
-    case_.post = std::move(post);
-    case_.holds = std::move(holds);
-    return std::move(case_);
-  }
+      std::function<bool(const Assignment&)> holds);
 
  private:
-  bool AddRepeated(bool boolean, int one_in) {
-    if (!OneIn(random_, one_in)) return false;
-    std::vector<KivOmbNetwork::VariableId> earlier;
-    for (KivOmbNetwork::VariableId id = 0; id < case_.variables.size(); ++id) {
-      const bool is_boolean = case_.variables[id].kind->GetName() == "bool";
-      if (is_boolean == boolean) earlier.push_back(id);
-    }
-    if (earlier.empty()) return false;
-    case_.arguments.push_back(PickOf(random_, earlier));
-    return true;
-  }
+  bool AddRepeated(bool boolean, int one_in);
 
   Generator& random_;
   ConstraintCase case_;
@@ -79,7 +59,7 @@ void CheckRandomCases(std::uint64_t times, Make&& make) {
 }
 
 inline const KivOmbiObjectDescriptor* Kind(const char* name) {
-  return OpenModules().FindKind(name);
+  return OpenModulesAndForeign().FindKind(name);
 }
 
 }  // namespace kiv::test
