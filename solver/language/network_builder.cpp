@@ -24,7 +24,7 @@ NetworkBuilder::NetworkBuilder(CompiledModel& model, const Vocabulary& vocabular
   const auto keeps_inner_values = [](const KivOmbiObjectDescriptor* kind) {
     return DeclaredDomain::FromValues({0, 2}).JudgeKind(*kind) == DeclaredDomain::Fit::kExact;
   };
-  std::ranges::stable_partition(integer_kinds_, keeps_inner_values);
+  std::stable_partition(integer_kinds_.begin(), integer_kinds_.end(), keeps_inner_values);
 }
 
 std::optional<NetworkBuilder::VariableId> NetworkBuilder::AddVariable(
