@@ -14,6 +14,7 @@ struct KivOmbiVariable {
   const KivOmbiObjectDescriptor* kind = nullptr;
   KivOmbiDomainSummary summary;  // of `domain`, always up to date while constraints run
   std::uint64_t saved_at = 0;    // the stamp of the level at which `domain` was saved last
+  bool is_boolean = false;       // whether `domain` is a KivOmbiBoolean
 };
 
 // The arguments of a running constraint, by position. Reading a summary costs no virtual call.
@@ -27,6 +28,7 @@ class KivOmbiObjectEnvironment {
   const KivOmbiDomainSummary& Summary(unsigned i) const { return At(i).summary; }
   const KivOmbiObjectDescriptor* Kind(unsigned i) const { return At(i).kind; }
   const KivOmbiAny& Domain(unsigned i) const { return *At(i).domain; }
+  bool IsBoolean(unsigned i) const { return At(i).is_boolean; }
   // For an argument that is known to be an integer.
   const KivOmbiInteger& Integer(unsigned i) const {
     return static_cast<const KivOmbiInteger&>(Domain(i));

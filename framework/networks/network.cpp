@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "framework/abstract_types/boolean.h"
 #include "framework/networks/entailment_check.h"
 
 namespace {
@@ -46,7 +47,8 @@ KivOmbNetwork::VariableId KivOmbNetwork::AddVariable(const KivOmbiObjectDescript
   }
   const auto id = static_cast<VariableId>(variables_.size());
   domain->SetOwner(this, id);
-  variables_.push_back({domain, &kind, kind.Summarize(*domain), 0});
+  const bool is_boolean = KivCast<KivOmbiBoolean>(object) != nullptr;
+  variables_.push_back({domain, &kind, kind.Summarize(*domain), 0, is_boolean});
   subscriptions_.emplace_back();
   return id;
 }

@@ -38,6 +38,14 @@ void Require(const KivOmbNetwork& network, VariableId variable, const char* what
   }
 }
 
+void RequireTruth(const KivOmbNetwork& network, VariableId variable) {
+  if (KivCast<KivOmbiBoolean>(&network.GetDomain(variable)) != nullptr) return;
+  const KivOmbiDomainSummary& summary = network.GetSummary(variable);
+  if (!summary.IsNil() && (summary.lower < 0 || summary.upper > 1)) {
+    throw std::invalid_argument("a linear constraint tied to what is no truth value");
+  }
+}
+
 // A truth value that is known for good.
 std::optional<bool> KnownTruth(const KivOmbNetwork& network, VariableId variable) {
   const KivOmbiDomainSummary& summary = network.GetSummary(variable);
@@ -116,7 +124,7 @@ KivOmbNetwork::ConstraintId Post(KivOmbNetwork& network, Form form,
   for (const WideTerm& term : form.terms) {
     Require<KivOmbiInteger>(network, term.variable, "integer");
   }
-  if (truth) Require<KivOmbiBoolean>(network, truth->variable, "boolean");
+  if (truth) RequireTruth(network, truth->variable);
   MergeTerms(form);
   if (const auto known = truth ? KnownTruth(network, truth->variable) : std::nullopt) {
     if (!*known) {

@@ -12,7 +12,8 @@
 
 namespace kiv {
 
-// A boolean variable and how it goes with a relation.
+// A truth value, a boolean or an integer that has no other values than 0 and 1, and how it goes
+// with a relation.
 struct LinearTruth {
   KivOmbNetwork::VariableId variable;
   Reification reification = Reification::kEquivalence;
@@ -27,8 +28,8 @@ struct LinearTruth {
 // divide, is a contradiction at once. The class with the least to do is chosen: a `truth` that is
 // fixed outside all levels makes the constraint a plain one.
 //
-// Throws std::invalid_argument when a variable of a term is no integer or `truth` no boolean, and
-// std::overflow_error when a merged coefficient does not fit 64 bits even after the division;
+// Throws std::invalid_argument when a variable of a term is no integer or `truth` no truth value,
+// and std::overflow_error when a merged coefficient does not fit 64 bits even after the division;
 // nothing is posted then. Takes time O(n log n).
 KIV_EXPORT KivOmbNetwork::ConstraintId PostLinear(KivOmbNetwork& network,
                                                   std::span<const LinearTerm> terms,

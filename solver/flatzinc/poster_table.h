@@ -1,0 +1,27 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "framework/base/export.h"
+#include "solver/flatzinc/posting.h"
+
+namespace kiv::flatzinc {
+
+// The posters of one family of constraints each.
+std::span<const Poster> ArithmeticPosters();
+std::span<const Poster> ComparisonPosters();
+std::span<const Poster> LinearPosters();
+std::span<const Poster> BooleanPosters();
+std::span<const Poster> ElementPosters();
+std::span<const Poster> MembershipPosters();
+std::span<const Poster> GlobalPosters();
+
+// The poster of this name, or null.
+KIV_EXPORT const Poster* FindPoster(std::string_view name);
+
+// Posts all constraints of the builder's model. Throws Error for a constraint that is not known, by
+// its name, or whose arguments are not of its types.
+KIV_EXPORT void PostConstraints(Builder& builder);
+
+}  // namespace kiv::flatzinc
