@@ -111,15 +111,15 @@ void ValueAssembler::EndRange() {
 }
 
 void ValueAssembler::BeginSet(std::uint32_t offset) {
-  list_offset_ = offset;
-  list_begin_ = model_.set_values.size();
+  set_offset_ = offset;
+  set_begin_ = model_.set_values.size();
   floats_begin_ = model_.floats.size();
 }
 
 void ValueAssembler::AddToSet() {
   const bool is_integer = value_.Is(Kind::kInt);
   if (is_integer) model_.set_values.push_back(value_.GetValue());
-  if (is_integer ? model_.floats.size() > floats_begin_ : model_.set_values.size() > list_begin_) {
+  if (is_integer ? model_.floats.size() > floats_begin_ : model_.set_values.size() > set_begin_) {
     throw Error(offset_, "the elements of a set are all integers or all floats");
   }
 }
@@ -134,27 +134,27 @@ void ValueAssembler::EndSet() {
 
 void ValueAssembler::EndIntegerSet() {
   auto& values = model_.set_values;
-  MakeAscending(values, list_begin_);
+  MakeAscending(values, set_begin_);
   IntegerSet set;
-  if (values.size() > list_begin_) {
-    set.lower = values[list_begin_];
+  if (values.size() > set_begin_) {
+    set.lower = values[set_begin_];
     set.upper = values.back();
-    const auto count = static_cast<std::uint32_t>(values.size() - list_begin_);
+    const auto count = static_cast<std::uint32_t>(values.size() - set_begin_);
     if (set.upper - set.lower + 1 == count) {
-      values.resize(list_begin_);
+      values.resize(set_begin_);
     } else {
-      set.values = {static_cast<std::uint32_t>(list_begin_), count};
+      set.values = {static_cast<std::uint32_t>(set_begin_), count};
     }
   }
   model_.sets.push_back(set);
-  SetLast(Kind::kSet, model_.sets, list_offset_);
+  SetLast(Kind::kSet, model_.sets, set_offset_);
 }
 
 void ValueAssembler::EndFloatSet() {
   MakeAscending(model_.floats, floats_begin_);
   const auto begin = static_cast<std::uint32_t>(floats_begin_);
   model_.float_sets.push_back({{begin, SizeOf(model_.floats) - begin}, false});
-  SetLast(Kind::kFloatSet, model_.float_sets, list_offset_);
+  SetLast(Kind::kFloatSet, model_.float_sets, set_offset_);
 }
 
 void ValueAssembler::BeginArray(std::uint32_t offset) {
