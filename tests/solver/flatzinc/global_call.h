@@ -45,6 +45,7 @@ class GlobalCall {
   // Integers of [lower, upper]; one of them, or an array of `count`.
   void AddInteger(std::int32_t lower, std::int32_t upper);
   void AddIntegers(int count, std::int32_t lower, std::int32_t upper);
+  void AddBoolean();
   void AddBooleans(int count);
   void AddConstant(std::int64_t value);
   void AddConstants(std::vector<std::int64_t> values);

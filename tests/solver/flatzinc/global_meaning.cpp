@@ -183,6 +183,12 @@ bool BinPackingLoad(const Arguments& a) {
   return loads == a.Get(0);
 }
 
+bool IndexedElement(const Arguments& a) {
+  const std::int64_t place = a.GetOne(0) - a.GetOne(1);
+  if (place < 0 || place >= static_cast<std::int64_t>(a.Get(2).size())) return false;
+  return a.Get(2)[static_cast<std::size_t>(place)] == a.GetOne(3);
+}
+
 Integers PickIntegers(Generator& random, int count, int lower, int upper) {
   Integers integers;
   for (int i = 0; i < count; ++i) integers.push_back(Pick(random, lower, upper));
@@ -334,6 +340,22 @@ const std::vector<Global>& AllGlobals() {
       {"kiv_regular", RegularWord, [](GlobalCall& call) { MakeAutomatonWord(call, true); }},
       {"kiv_regular_nfa", NondeterministicWord,
        [](GlobalCall& call) { MakeAutomatonWord(call, false); }},
+      {"kiv_element_int", IndexedElement,
+       [](GlobalCall& call) {
+         const int first = Pick(call.GetRandom(), -2, 2);
+         call.AddInteger(first - 2, first + 5);
+         call.AddConstant(first);
+         call.AddIntegers(Pick(call.GetRandom(), 0, 4), -1, 4);
+         call.AddInteger(-1, 4);
+       }},
+      {"kiv_element_bool", IndexedElement,
+       [](GlobalCall& call) {
+         const int first = Pick(call.GetRandom(), -2, 2);
+         call.AddInteger(first - 2, first + 5);
+         call.AddConstant(first);
+         call.AddBooleans(Pick(call.GetRandom(), 0, 5));
+         call.AddBoolean();
+       }},
       {"kiv_bin_packing_load", BinPackingLoad,
        [](GlobalCall& call) {
          Generator& random = call.GetRandom();
