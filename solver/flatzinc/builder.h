@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -49,6 +50,16 @@ class KIV_EXPORT Builder {
   void PostOperator(std::string_view symbol, VariableId left, VariableId right, VariableId result);
   // The same for an operator with one operand.
   void PostOperator(std::string_view symbol, VariableId operand, VariableId result);
+
+  // A constraint that is not posted, and the arguments that it is meant for.
+  struct Relation {
+    std::unique_ptr<KivOmbiConstraint> constraint;
+    std::vector<VariableId> arguments;
+  };
+  // What PostOperator would post.
+  Relation MakeOperator(std::string_view symbol, VariableId left, VariableId right,
+                        VariableId result) const;
+  Relation MakeOperator(std::string_view symbol, VariableId operand, VariableId result) const;
 
  private:
   void UniteEqualVariables();
