@@ -130,7 +130,9 @@ void PostConstraints(Builder& builder) {
                   "Kiv does not have the constraint '" + posting.GetName() + '\'');
     }
     CheckArguments(posting, *poster, model);
-    if (!builder.IsDone(constraint)) poster->post(posting);
+    if (builder.IsDone(constraint)) continue;
+    poster->post(posting);
+    builder.NoteOrigin(constraint.offset);
   }
 }
 
