@@ -146,7 +146,8 @@ TEST(FlatZincReaderErrors, PartsOfAnnotations) {
                   "expected '\"' before the end of the line, found ')'");
   ExpectError("constraint c() :: a(\"text@",
               "expected '\"' before the end of the line, found the end of the model");
-  ExpectError("constraint c() :: a(\"text@\\", "expected '\"' before the end of the line, found '\\'");
+  ExpectError("constraint c() :: a(\"text@\\",
+              "expected '\"' before the end of the line, found '\\'");
 }
 
 TEST(FlatZincReaderErrors, BytesThatBeginNothing) {
