@@ -19,6 +19,7 @@ class Expression {
     kVariable,  // in Model::variables
     kName,      // in Model::names: an atom of an annotation
     kCall,      // in Model::calls: a compound annotation
+    kFloatSet,  // in Model::float_sets
   };
 
   // Integers of a text have at most this magnitude.

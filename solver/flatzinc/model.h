@@ -27,6 +27,13 @@ struct IntegerSet {
   List values;
 };
 
+// A set of floats: `values` in Model::floats, ascending, each once; or, of a range, all between its
+// two values, which are in the order of the text.
+struct FloatSet {
+  List values;
+  bool is_range = false;
+};
+
 // name(arguments), as an annotation.
 struct Call {
   std::uint32_t name;  // in Model::names
@@ -35,9 +42,10 @@ struct Call {
 
 struct Variable {
   std::uint32_t name;    // in Model::names
-  std::uint32_t offset;  // of its declaration in the text
+  std::uint32_t offset;  // of the name in its declaration
   BaseType type;
-  std::optional<std::uint32_t> domain;    // in Model::sets; none for all integers, or a boolean
+  // In Model::sets, of a float in Model::float_sets; none for all values of the type.
+  std::optional<std::uint32_t> domain;
   std::optional<Expression> initialiser;  // a constant or another variable
   List annotations;
 };
@@ -53,7 +61,7 @@ struct VariableArray {
 
 struct Constraint {
   std::uint32_t name;  // in Model::names
-  std::uint32_t offset;
+  std::uint32_t offset;  // of the name
   std::uint32_t begin;  // of its arguments in Model::pool; its annotations follow them
   std::uint16_t arguments;
   std::uint16_t annotations;
@@ -64,7 +72,7 @@ struct Solve {
   Goal goal = Goal::kSatisfy;
   Expression objective;  // of an optimisation
   List annotations;
-  std::uint32_t offset = 0;
+  std::uint32_t offset = 0;  // of the word `solve`
 };
 
 // What a FlatZinc text says. Parameters have no place of their own: where one was named stands its
@@ -75,6 +83,7 @@ struct Model {
   std::vector<Call> calls;
   std::vector<IntegerSet> sets;
   std::vector<std::int64_t> set_values;
+  std::vector<FloatSet> float_sets;
   std::vector<double> floats;
   std::vector<std::string> strings;
   std::vector<std::string> names;  // each once

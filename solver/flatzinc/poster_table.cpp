@@ -16,7 +16,8 @@ std::unordered_map<std::string_view, const Poster*> MakeTable() {
   std::unordered_map<std::string_view, const Poster*> table;
   for (const auto family :
        {ArithmeticPosters(), ComparisonPosters(), LinearPosters(), BooleanPosters(),
-        ElementPosters(), MembershipPosters(), GlobalPosters()}) {
+        ElementPosters(), MembershipPosters(), DistinctPosters(), CountingPosters(), GraphPosters(),
+        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters()}) {
     for (const Poster& poster : family) table.emplace(poster.name, &poster);
   }
   return table;

@@ -34,9 +34,9 @@ std::vector<Posting::VariableId> Posting::GetVariables(std::size_t i) const {
   return variables;
 }
 
-Domain Posting::GetSet(std::size_t i) const {
+Domain Posting::GetSet(Expression value) const {
   const Model& model = builder_.GetModel();
-  return Domain::FromSet(model.sets[GetArgument(i).GetPlace()], model);
+  return Domain::FromSet(model.sets[value.GetPlace()], model);
 }
 
 std::int32_t Posting::NarrowConstant(std::int64_t value) const {

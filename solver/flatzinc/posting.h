@@ -42,7 +42,8 @@ class KIV_EXPORT Posting {
   std::vector<VariableId> GetVariables(std::size_t i) const;
 
   // Of a constant set.
-  Domain GetSet(std::size_t i) const;
+  Domain GetSet(Expression value) const;
+  Domain GetSet(std::size_t i) const { return GetSet(GetArgument(i)); }
 
   // A constant as a value of a variable, refused where it is beyond those.
   std::int32_t NarrowConstant(std::int64_t value) const;

@@ -7,6 +7,7 @@
 #include <tao/pegtl/contrib/parse_tree.hpp>
 
 #include "solver/language/grammar.h"
+#include "solver/language/token_description.h"
 #include "solver/language/tree_builder.h"
 
 namespace kiv {
@@ -55,39 +56,22 @@ using Selector = pegtl::parse_tree::selector<
               g::annotations, g::loop, g::block, g::conditional_statement, g::solve,
               g::all_solutions, g::optimum, g::optimum_word, g::branch, g::show, g::quoted_text>>;
 
-bool IsWordCharacter(char c) {
-  return ('a' <= c && c <= 'z') || ('A' <= c && c <= 'Z') || ('0' <= c && c <= '9') || c == '_';
-}
-
-// The first token of `text`, for a message, and its length.
-std::string DescribeToken(std::string_view text, std::size_t& length) {
-  length = 0;
-  if (text.empty()) return "the end of the model";
-  while (length < text.size() && IsWordCharacter(text[length])) ++length;
-  if (length > 0) return '\'' + std::string(text.substr(0, length)) + '\'';
-  length = 1;
-  const auto byte = static_cast<unsigned char>(text.front());
-  if (0x20 < byte && byte < 0x7F) return std::string("'") + text.front() + '\'';
-  constexpr char kDigits[] = "0123456789ABCDEF";
-  return std::string("the byte 0x") + kDigits[byte / 16] + kDigits[byte % 16];
-}
-
 void Report(const SyntaxError& error, const SourceText& source, Diagnostics& diagnostics) {
   const std::string_view text = source.GetText();
   pegtl::memory_input<pegtl::tracking_mode::lazy> rest(text.substr(error.offset), "");
   pegtl::parse<g::blanks>(rest);
   const std::size_t token = error.offset + rest.byte();
 
-  std::size_t length = 0;
-  const std::string found = DescribeToken(text.substr(token), length);
-  SourceRange range{static_cast<std::uint32_t>(token), static_cast<std::uint32_t>(token + length)};
+  const TokenDescription found = DescribeToken(text.substr(token));
+  SourceRange range{static_cast<std::uint32_t>(token),
+                    static_cast<std::uint32_t>(token + found.length)};
   // What is missing at the end of a line or of the model is missed there.
   const bool next_line =
       text.substr(error.offset, token - error.offset).find('\n') != std::string_view::npos;
   if (token == text.size() || (error.closes_statement && next_line)) {
     range.begin = range.end = static_cast<std::uint32_t>(error.offset);
   }
-  diagnostics.Add(range, std::string("expected ") + error.expected + ", found " + found);
+  diagnostics.Add(range, std::string("expected ") + error.expected + ", found " + found.text);
 }
 
 }  // namespace
