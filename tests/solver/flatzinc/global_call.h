@@ -18,6 +18,7 @@ class GroundArguments {
   void Add(Integers elements) { arguments_.push_back({std::move(elements), {}}); }
   void Add(std::vector<Integers> sets) { arguments_.push_back({{}, std::move(sets)}); }
 
+  std::size_t Count() const { return arguments_.size(); }
   // Of an array, or of a set.
   const Integers& Get(std::size_t i) const { return arguments_[i].elements; }
   // Of an argument that is neither.
