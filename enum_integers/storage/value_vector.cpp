@@ -99,10 +99,6 @@ int KivSVectorImp_SubIntBase::IsEmpty() const { return top_ == 0; }
 
 void KivSVectorImp_SubIntBase::Flush() { top_ = 0; }
 
-unsigned KivSVectorImp_SubIntBase::Count() const { return top_; }
-unsigned KivSVectorImp_SubIntBase::Top() const { return top_; }
-unsigned KivSVectorImp_SubIntBase::GetDelta() const { return delta_; }
-
 // The least size of at least `least` in the proportional growth from the present one; as large as
 // it may be, beyond 32 bits too.
 std::uint64_t KivSVectorImp_SubIntBase::ProportionalLimit(std::uint64_t least) const {
@@ -143,4 +139,19 @@ int KivSVectorImp_SubIntBase::Resize(unsigned limit) {
   limit_ = static_cast<unsigned>(grown);
   good_ = 1;
   return 1;
+}
+
+SubIntBase* KivSVectorImp_SubIntBase::Overwrite(unsigned count, unsigned delta) noexcept {
+  if (count > limit_ || data_ == nullptr) {
+    SubIntBase* const slots = kiv::TakeSlots(count + 1);
+    if (slots == nullptr) return nullptr;
+    kiv::ReturnSlots(data_, limit_);
+    data_ = slots;
+    limit_ = count + 1;
+    good_ = 1;
+  }
+  top_ = count;
+  delta_ = delta;
+  factor_ = 0.0;
+  return data_;
 }
