@@ -2,6 +2,7 @@
 // a network owns announces its first write, and is saved then.
 
 #include <algorithm>
+#include <cstring>
 
 #include "enum_integers/domain/enum_integer.h"
 
@@ -83,7 +84,7 @@ void KivOmbEnumInteger::Become(kiv::kernels::Values new_values, int flag, unsign
   const auto count = static_cast<unsigned>(new_values.size());
   SubIntBase* const slots = self.values.Overwrite(count, delta);
   if (slots == nullptr) return BecomeEmpty(0);
-  std::ranges::copy(new_values, slots);
+  std::memcpy(static_cast<void*>(slots), new_values.data(), new_values.size_bytes());
   self.anyFlag = flag;
 }
 
@@ -101,9 +102,7 @@ void KivOmbEnumInteger::BecomeRange(std::int32_t lower, std::int32_t upper) {
 // Keeps the values at the positions `first` .. `end` - 1; the leftover flag stays.
 void KivOmbEnumInteger::Keep(unsigned first, unsigned end) {
   if (first == 0 && end >= Count()) return;
-  KivOmbEnumInteger& self = Writable();
-  self.values.DetachAt(end, Count());
-  self.values.DetachAt(0, first);
+  Writable().values.Keep(first, std::max(first, std::min(end, Count())));
 }
 
 // Keeps the values of the range; Nil when there are none.

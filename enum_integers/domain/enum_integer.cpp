@@ -120,14 +120,11 @@ std::int32_t KivOmbEnumInteger::GetPrevExactValue(std::int32_t v) const {
   return i == 0 ? Wrapped(v, ~0u) : GetValue(i - 1);
 }
 
-// How many values are below `v`.
-unsigned KivOmbEnumInteger::CountBelow(SubIntBase v) const {
-  const unsigned least_from = values.FindUpperBound(v, 0);
-  return least_from < Count() ? least_from : Count();
-}
-
-// How many values are at most `v`.
+// How many values are at most `v`; of two infinities behind each other, those up to the one that
+// the search of the storage meets.
 unsigned KivOmbEnumInteger::CountUpTo(SubIntBase v) const {
-  const unsigned greatest_to = values.FindLowerBound(v, 0);
-  return greatest_to < Count() ? greatest_to + 1 : 0;
+  const unsigned below = CountBelow(v);
+  if (below == Count() || values[below] != v) return below;
+  const bool is_alone = below + 1 == Count() || values[below + 1] != v;
+  return is_alone ? below + 1 : values.FindLowerBound(v, 0) + 1;
 }

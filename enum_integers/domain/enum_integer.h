@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "enum_integers/kernels/search.h"
 #include "enum_integers/kernels/values.h"
 #include "enum_integers/storage/value_vector.h"
 #include "framework/abstract_types/integer.h"
@@ -106,7 +107,9 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   std::int32_t GetFirstL() const { return Count() > 0 ? GetValue(0) : 0; }
   std::int32_t GetLastU() const { return Count() > 0 ? GetValue(Count() - 1) : 0; }
   // 1 when `v` is one of the listed values.
-  int Contains(std::int32_t v) const { return values.Find(v) < values.Count(); }
+  int Contains(std::int32_t v) const {
+    return kiv::kernels::Contains(View(), SubIntBase(v).GetValue());
+  }
   // 0 for Nil, all bits set for Any.
   std::uint32_t GetCardinality() const override;
   std::int32_t GetLowerBound() const override;
@@ -311,7 +314,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   template <class Collection>
   int NarrowToCollection(const Collection& collection);
   kiv::kernels::Values View() const { return kiv::kernels::ValuesOf(values); }
-  unsigned CountBelow(SubIntBase v) const;
+  unsigned CountBelow(SubIntBase v) const { return kiv::kernels::CountBelow(View(), v.GetValue()); }
   unsigned CountUpTo(SubIntBase v) const;
 
   KivSVectorImp_SubIntBase values;  // ascending; plus infinity alone may stand twice

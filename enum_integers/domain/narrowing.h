@@ -25,7 +25,7 @@ int KivOmbEnumInteger::KeepIf(Holds holds) {
     kept += holds(v.GetValue()) ? 1 : 0;
   }
   if (kept == 0) return Nil();
-  mine.DetachAt(kept, count);
+  mine.Keep(0, kept);
   return 1;
 }
 

@@ -26,7 +26,19 @@ class BitWindow {
   }
   // The values, which are not empty.
   explicit BitWindow(Values values) : BitWindow(values.front(), values.back()) {
-    for (const std::int32_t v : values) Add(v);
+    // A word is put together before it is stored: ascending values would wait for each other.
+    std::uint64_t index = 0;
+    std::uint64_t word = 0;
+    for (const std::int32_t v : values) {
+      const auto offset = static_cast<std::uint64_t>(v - lowest_);
+      if (offset / 64 != index) {
+        words_[index] = word;
+        index = offset / 64;
+        word = 0;
+      }
+      word |= std::uint64_t{1} << offset % 64;
+    }
+    words_[index] = word;
   }
 
   static bool Fits(std::int64_t lowest, std::int64_t highest) {

@@ -64,8 +64,8 @@ MergePosition IntersectBlocksAvx2(const std::int32_t* a, unsigned a_count, const
     at.count += StoreChosen(out + at.count, mine, mask);
     const std::int32_t a_end = a[at.i + 7];
     const std::int32_t b_end = b[at.j + 7];
-    at.i += a_end <= b_end ? 8u : 0u;
-    at.j += b_end <= a_end ? 8u : 0u;
+    at.i += 8u * static_cast<unsigned>(a_end <= b_end);
+    at.j += 8u * static_cast<unsigned>(b_end <= a_end);
   }
   return at;
 }

@@ -100,8 +100,9 @@ MergePosition IntersectBlocksSse4(const std::int32_t* a, unsigned a_count, const
     at.count += StoreChosen(out + at.count, mine, MaskOf(equal));
     const std::int32_t a_end = a[at.i + 3];
     const std::int32_t b_end = b[at.j + 3];
-    at.i += a_end <= b_end ? 4u : 0u;
-    at.j += b_end <= a_end ? 4u : 0u;
+    // By arithmetic, not by branches: which block ends first cannot be predicted.
+    at.i += 4u * static_cast<unsigned>(a_end <= b_end);
+    at.j += 4u * static_cast<unsigned>(b_end <= a_end);
   }
   return at;
 }
@@ -121,10 +122,15 @@ MergePosition UniteBlocksSse4(const std::int32_t* a, unsigned a_count, const std
     at.count += StoreChosen(out + at.count, low, repeated ^ 15u);
     written = low;
     if (at.i + 4 > a_count || at.j + 4 > b_count) break;
-    const bool takes_a = a[at.i] <= b[at.j];
-    low = Load(takes_a ? a + at.i : b + at.j);
-    at.i += takes_a ? 4u : 0u;
-    at.j += takes_a ? 0u : 4u;
+    // By arithmetic, not by branches: which head is the lesser cannot be predicted.
+    const __m128i next_a = Load(a + at.i);
+    const __m128i next_b = Load(b + at.j);
+    const __m128i takes_b =
+        _mm_cmpgt_epi32(_mm_shuffle_epi32(next_a, 0), _mm_shuffle_epi32(next_b, 0));
+    low = _mm_blendv_epi8(next_a, next_b, takes_b);
+    const auto step_b = 4u & static_cast<unsigned>(_mm_cvtsi128_si32(takes_b));
+    at.i += 4u - step_b;
+    at.j += step_b;
     MergeFour(low, high);
   }
   Store(pending, high);

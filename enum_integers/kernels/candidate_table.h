@@ -119,11 +119,20 @@ void InsertPairs(CandidateTable& table, Values outer, Values inner, Combine comb
   }
 }
 
+// Hands what the table holds to `take`.
 template <class Take>
 auto TakeTable(const CandidateTable& table, Take take) {
   if (table.IsAny()) return take(AnyCollection());
   if (table.Count() == 0) return take(NilCollection());
   return take(table);
+}
+
+// The collection of combine(a, b) for all pairs, literally.
+template <class Combine, class Take>
+auto CollectInOrder(Values outer, Values inner, std::uint32_t cap, Combine combine, Take take) {
+  CandidateTable table(std::uint64_t{outer.size()} * inner.size(), cap);
+  InsertPairs(table, outer, inner, combine);
+  return TakeTable(table, take);
 }
 
 }  // namespace kiv::kernels

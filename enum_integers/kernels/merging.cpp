@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "enum_integers/kernels/path.h"
+#include "enum_integers/kernels/word_set.h"
 
 namespace kiv::kernels {
 namespace {
@@ -74,7 +75,12 @@ unsigned UnitePending(MergePosition at, std::span<std::int32_t> pending, Values 
          UniteFrom({0, 0, 0}, Values(joined, count), a.size() < b.size() ? b : a, out + at.count);
 }
 
-// Blocks take every value to stand once.
+// A word takes every value to stand once.
+bool SuitsWord(Values a, Values b) {
+  return !a.empty() && !b.empty() && ShareWord(a, b) && !EndsWithTwins(a) && !EndsWithTwins(b);
+}
+
+// So do blocks.
 bool SuitBlocks(Values a, Values b) {
   return std::min(a.size(), b.size()) >= kFewValues && !EndsWithTwins(a) && !EndsWithTwins(b);
 }
@@ -82,6 +88,10 @@ bool SuitBlocks(Values a, Values b) {
 }  // namespace
 
 unsigned Intersect(Values a, Values b, std::int32_t* out) {
+  if (SuitsWord(a, b)) {
+    const std::int32_t begin = WordBegin(a, b);
+    return ListWord(WordOf(a, begin) & WordOf(b, begin), begin, out);
+  }
   if (a.size() > kVeryUnequal * b.size()) return IntersectFewWithMany(b, a, out);
   if (b.size() > kVeryUnequal * a.size()) return IntersectFewWithMany(a, b, out);
   MergePosition at{0, 0, 0};
@@ -93,6 +103,10 @@ unsigned Intersect(Values a, Values b, std::int32_t* out) {
 }
 
 unsigned Unite(Values a, Values b, std::int32_t* out) {
+  if (SuitsWord(a, b)) {
+    const std::int32_t begin = WordBegin(a, b);
+    return ListWord(WordOf(a, begin) | WordOf(b, begin), begin, out);
+  }
   auto* const blocks = GetUniteBlocks();
   if (blocks == nullptr || !SuitBlocks(a, b)) return UniteFrom({0, 0, 0}, a, b, out);
   std::int32_t pending[kUniteBlock];

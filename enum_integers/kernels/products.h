@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 
 #include "enum_integers/kernels/byte_map.h"
 #include "enum_integers/kernels/candidate_table.h"
@@ -17,20 +18,18 @@ template <class Take>
 auto CollectProducts(Values x, Values y, std::uint32_t cap, Take take) {
   if (x.empty() || y.empty()) return take(NilCollection());
   const std::uint64_t candidates = std::uint64_t{x.size()} * y.size();
-  const auto in_order = [&] {
-    CandidateTable table(candidates, cap);
-    InsertPairs(table, x, y,
-                [](std::int32_t a, std::int32_t b) { return base_mult(a, b).GetValue(); });
-    return TakeTable(table, take);
-  };
-  if (HasInfinity(x) || HasInfinity(y)) return in_order();
   // The extremes of a bilinear function are at the corners.
   const std::int64_t x_low = x.front();
   const std::int64_t x_high = x.back();
   const auto [lowest, highest] =
       std::minmax({x_low * y.front(), x_low * y.back(), x_high * y.front(), x_high * y.back()});
   const bool is_clamped = lowest < SubIntBase::kMin || highest > SubIntBase::kMax;
-  if (is_clamped || !ByteMap::Suits(lowest, highest, candidates)) return in_order();
+  if (is_clamped || HasInfinity(x) || HasInfinity(y)) {
+    const auto multiply = [](std::int32_t a, std::int32_t b) { return base_mult(a, b).GetValue(); };
+    return CollectInOrder(x, y, cap, multiply, take);
+  }
+  const auto in_order = [&] { return CollectInOrder(x, y, cap, std::multiplies(), take); };
+  if (!ByteMap::Suits(lowest, highest, candidates)) return in_order();
   ByteMap products(lowest, highest);
   for (const std::int64_t a : x) {
     for (const std::int32_t b : y) products.Add(a * b);

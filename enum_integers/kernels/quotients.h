@@ -8,6 +8,7 @@
 #include "enum_integers/kernels/byte_map.h"
 #include "enum_integers/kernels/candidate_table.h"
 #include "enum_integers/kernels/collections.h"
+#include "enum_integers/kernels/search.h"
 #include "enum_integers/kernels/values.h"
 
 namespace kiv::kernels {
@@ -35,9 +36,9 @@ class Dividends {
 
   // Adds sign * q to `quotients` for every quotient q by m. Stops when that returns false.
   template <class Quotients>
-  bool AddQuotients(std::int64_t m, std::int64_t sign, Quotients& quotients) const {
-    const std::int64_t first = values_.front() / m;
-    const std::int64_t last = values_.back() / m;
+  bool AddQuotients(std::int32_t m, std::int64_t sign, Quotients& quotients) const {
+    const std::int32_t first = values_.front() / m;
+    const std::int32_t last = values_.back() / m;
     if (IsInterval(values_)) {
       for (std::int64_t q = first; q <= last; ++q) {
         if (!quotients.Add(sign * q)) return false;
@@ -69,14 +70,15 @@ class Dividends {
   }
 
   template <class Quotients>
-  bool AddBySearch(std::int64_t m, std::int64_t sign, Quotients& quotients) const {
-    for (auto v = values_.begin(); v != values_.end();) {
-      const std::int64_t q = *v / m;
+  bool AddBySearch(std::int32_t m, std::int64_t sign, Quotients& quotients) const {
+    for (Values rest = values_;;) {
+      const std::int32_t q = rest.front() / m;
       if (!quotients.Add(sign * q)) return false;
-      const std::int64_t bound = FirstDividend(q + 1, m);
-      if (++v != values_.end() && *v < bound) v = std::lower_bound(v, values_.end(), bound);
+      const std::int64_t bound = FirstDividend(std::int64_t{q} + 1, m);
+      if (bound > rest.back()) return true;
+      rest =
+          rest.subspan(rest[1] >= bound ? 1 : CountBelow(rest, static_cast<std::int32_t>(bound)));
     }
-    return true;
   }
 
   Values values_;
@@ -134,9 +136,9 @@ auto CollectQuotients(Values z, Values y, std::uint32_t cap, Take take) {
   const Dividends dividends(z);
   const auto add_all_to = [&](auto quotients) {
     return std::all_of(negative.begin(), negative.end(),
-                       [&](std::int64_t d) { return dividends.AddQuotients(-d, -1, quotients); }) &&
+                       [&](std::int32_t d) { return dividends.AddQuotients(-d, -1, quotients); }) &&
            std::all_of(positive.begin(), positive.end(),
-                       [&](std::int64_t d) { return dividends.AddQuotients(d, 1, quotients); });
+                       [&](std::int32_t d) { return dividends.AddQuotients(d, 1, quotients); });
   };
   // The greatest magnitude, for quotients of either sign that there may be.
   const std::int64_t least_divisor =

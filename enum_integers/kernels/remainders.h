@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 
 #include "enum_integers/kernels/bit_window.h"
 #include "enum_integers/kernels/candidate_table.h"
@@ -53,11 +54,7 @@ template <class Take>
 auto CollectRemainders(Values x, Values y, std::uint32_t cap, Take take) {
   if (x.empty() || y.empty()) return take(NilCollection());
   const std::uint64_t candidates = std::uint64_t{x.size()} * y.size();
-  const auto in_order = [&] {
-    CandidateTable table(candidates, cap);
-    InsertPairs(table, x, y, [](std::int32_t a, std::int32_t b) { return a % b; });
-    return TakeTable(table, take);
-  };
+  const auto in_order = [&] { return CollectInOrder(x, y, cap, std::modulus(), take); };
   const auto middle = std::lower_bound(x.begin(), x.end(), 0);
   const Values negative(x.begin(), middle);
   const Values others(middle, x.end());

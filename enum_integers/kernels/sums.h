@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <utility>
 
 #include "enum_integers/kernels/bit_window.h"
 #include "enum_integers/kernels/candidate_table.h"
@@ -62,31 +65,30 @@ auto CollectPlainSums(Values x, Values y, std::uint32_t cap, Take take, InOrder 
 template <class Take>
 auto CollectSums(Values x, Values y, std::uint32_t cap, Take take) {
   if (x.empty() || y.empty()) return take(NilCollection());
-  const auto in_order = [&] {
-    CandidateTable table(std::uint64_t{x.size()} * y.size(), cap);
-    InsertPairs(table, x, y,
-                [](std::int32_t a, std::int32_t b) { return base_plus(a, b).GetValue(); });
-    return TakeTable(table, take);
-  };
-  return HasPlainSums(x, y) ? CollectPlainSums(x, y, cap, take, in_order) : in_order();
+  if (!HasPlainSums(x, y)) {
+    const auto add = [](std::int32_t a, std::int32_t b) { return base_plus(a, b).GetValue(); };
+    return CollectInOrder(x, y, cap, add, take);
+  }
+  return CollectPlainSums(x, y, cap, take,
+                          [&] { return CollectInOrder(x, y, cap, std::plus(), take); });
 }
 
 // The differences z - y are the sums of z and the negated y.
 template <class Take>
 auto CollectDifferences(Values z, Values y, std::uint32_t cap, Take take) {
   if (z.empty() || y.empty()) return take(NilCollection());
-  const auto in_order = [&] {
-    CandidateTable table(std::uint64_t{z.size()} * y.size(), cap);
-    InsertPairs(table, z, y,
-                [](std::int32_t a, std::int32_t b) { return base_minus(a, b).GetValue(); });
-    return TakeTable(table, take);
-  };
   constexpr std::size_t kMaxNegated = 1024;
-  if (y.size() > kMaxNegated) return in_order();
   std::array<std::int32_t, kMaxNegated> buffer;
-  const Values negated(buffer.data(), y.size());
-  std::transform(y.rbegin(), y.rend(), buffer.begin(), [](std::int32_t v) { return -v; });
-  return HasPlainSums(z, negated) ? CollectPlainSums(z, negated, cap, take, in_order) : in_order();
+  const Values negated(buffer.data(), std::min(y.size(), kMaxNegated));
+  std::transform(y.rbegin(), y.rbegin() + std::ssize(negated), buffer.begin(), std::negate());
+  if (negated.size() < y.size() || !HasPlainSums(z, negated)) {
+    const auto subtract = [](std::int32_t a, std::int32_t b) {
+      return base_minus(a, b).GetValue();
+    };
+    return CollectInOrder(z, y, cap, subtract, take);
+  }
+  return CollectPlainSums(z, negated, cap, take,
+                          [&] { return CollectInOrder(z, y, cap, std::minus(), take); });
 }
 
 }  // namespace kiv::kernels

@@ -141,17 +141,13 @@ int KivSVectorImp_SubIntBase::Resize(unsigned limit) {
   return 1;
 }
 
-SubIntBase* KivSVectorImp_SubIntBase::Overwrite(unsigned count, unsigned delta) noexcept {
-  if (count > limit_ || data_ == nullptr) {
-    SubIntBase* const slots = kiv::TakeSlots(count + 1);
-    if (slots == nullptr) return nullptr;
-    kiv::ReturnSlots(data_, limit_);
-    data_ = slots;
-    limit_ = count + 1;
-    good_ = 1;
-  }
-  top_ = count;
-  delta_ = delta;
-  factor_ = 0.0;
-  return data_;
+// Takes new storage with room for `count` values and one more; false when there is no memory.
+bool KivSVectorImp_SubIntBase::Replace(unsigned count) noexcept {
+  SubIntBase* const slots = kiv::TakeSlots(count + 1);
+  if (slots == nullptr) return false;
+  kiv::ReturnSlots(data_, limit_);
+  data_ = slots;
+  limit_ = count + 1;
+  good_ = 1;
+  return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <concepts>
 #include <cstdint>
 
@@ -97,9 +98,21 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   int Resize(unsigned limit);
   // Takes `count` values for the present ones: returns the slots, which the caller fills in order.
   // The growth step becomes `delta`. Null when there is no memory; the vector is as it was then.
-  SubIntBase* Overwrite(unsigned count, unsigned delta) noexcept;
+  SubIntBase* Overwrite(unsigned count, unsigned delta) noexcept {
+    if (count > limit_ && !Replace(count)) return nullptr;
+    top_ = count;
+    delta_ = delta;
+    factor_ = 0.0;
+    return data_;
+  }
+  // Keeps the values at the positions `first` .. `end` - 1, which are positions of values.
+  void Keep(unsigned first, unsigned end) noexcept {
+    if (first > 0) std::copy(data_ + first, data_ + end, data_);
+    top_ = end - first;
+  }
 
  private:
+  bool Replace(unsigned count) noexcept;
   std::uint64_t ProportionalLimit(std::uint64_t least) const;
   unsigned RoundedToStep(unsigned n) const;
   unsigned FirstOfEquals(unsigned i) const;
