@@ -9,7 +9,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 source "$root/scripts/setup.sh"
 
 need_build_tools
-need libgtest-dev
+need libgtest-dev minizinc flatzinc
 cd "$root"
 [ $# -gt 0 ] || set -- release asan
 for preset in "$@"; do

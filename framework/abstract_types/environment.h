@@ -24,6 +24,11 @@ class KivOmbiObjectEnvironment {
                            const std::uint32_t* arguments, unsigned count) noexcept
       : network_(network), variables_(variables), arguments_(arguments), count_(count) {}
 
+  // The first `count` arguments alone.
+  KivOmbiObjectEnvironment First(unsigned count) const noexcept {
+    return {network_, variables_, arguments_, count};
+  }
+
   unsigned Count() const noexcept { return count_; }
   const KivOmbiDomainSummary& Summary(unsigned i) const { return At(i).summary; }
   const KivOmbiObjectDescriptor* Kind(unsigned i) const { return At(i).kind; }

@@ -1,6 +1,7 @@
 #include "solver/constraints/linear_posting.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -8,9 +9,13 @@
 
 #include "framework/abstract_types/boolean.h"
 #include "framework/abstract_types/integer.h"
+#include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/bounded_difference.h"
+#include "solver/constraints/equal_truth.h"
 #include "solver/constraints/linear_disequality.h"
 #include "solver/constraints/linear_equation.h"
 #include "solver/constraints/linear_inequality.h"
+#include "solver/constraints/range_truth.h"
 
 namespace kiv {
 
@@ -119,6 +124,57 @@ std::vector<std::int64_t> CoefficientsOf(const Form& form) {
   return coefficients;
 }
 
+// Constants beyond these are left to the classes that tell a sum that is never reached from one
+// that is not known.
+bool IsPlainConstant(Int128 constant) {
+  return constant > SubIntBase::kMin + 1 && constant < SubIntBase::kMax - 1;
+}
+
+// A relation of one variable that a truth value goes with, if it has a class of its own. By the
+// normal form its coefficient is 1 or -1.
+std::optional<KivOmbNetwork::ConstraintId> PostUnaryTruth(KivOmbNetwork& network, const Form& form,
+                                                          const LinearTruth& truth) {
+  if (!IsPlainConstant(form.constant)) return std::nullopt;
+  const bool is_negated = form.terms[0].coefficient < 0;
+  const auto constant = static_cast<std::int64_t>(is_negated ? -form.constant : form.constant);
+  const bool is_order = form.relation == LinearRelation::kLessOrEqual;
+  const std::int64_t lower = is_order && !is_negated ? SubIntBase::kMin : constant;
+  const std::int64_t upper = is_order && is_negated ? SubIntBase::kMax : constant;
+  const auto which =
+      form.relation == LinearRelation::kUnequal ? RangeTruth::kOutside : RangeTruth::kInside;
+  return network.Emplace<RangeTruth>(std::array{form.terms[0].variable, truth.variable}, which,
+                                     lower, upper, truth.reification);
+}
+
+// Likewise of the difference of two variables, with a truth value or without.
+std::optional<KivOmbNetwork::ConstraintId> PostDifference(KivOmbNetwork& network, const Form& form,
+                                                          const std::optional<LinearTruth>& truth) {
+  const bool is_difference =
+      form.terms[0].coefficient * form.terms[1].coefficient == -1 && IsPlainConstant(form.constant);
+  if (!is_difference) return std::nullopt;
+  VariableId x = form.terms[0].variable;
+  VariableId y = form.terms[1].variable;
+  if (form.terms[0].coefficient < 0) std::swap(x, y);
+  const auto constant = static_cast<std::int64_t>(form.constant);
+  if (form.relation == LinearRelation::kLessOrEqual) {
+    if (!truth) return network.Emplace<BoundedDifference>(std::array{x, y}, constant);
+    return network.Emplace<BoundedDifferenceTruth>(std::array{x, y, truth->variable}, constant,
+                                                   truth->reification);
+  }
+  if (!truth || constant != 0) return std::nullopt;
+  const auto which =
+      form.relation == LinearRelation::kEqual ? EqualTruth::kEqual : EqualTruth::kUnequal;
+  return network.Emplace<EqualTruth>(std::array{x, y, truth->variable}, which, truth->reification);
+}
+
+// By one of the light classes for what models say most often.
+std::optional<KivOmbNetwork::ConstraintId> PostShort(KivOmbNetwork& network, const Form& form,
+                                                     const std::optional<LinearTruth>& truth) {
+  if (form.terms.size() == 1 && truth) return PostUnaryTruth(network, form, *truth);
+  if (form.terms.size() == 2) return PostDifference(network, form, truth);
+  return std::nullopt;
+}
+
 KivOmbNetwork::ConstraintId Post(KivOmbNetwork& network, Form form,
                                  std::optional<LinearTruth> truth) {
   for (const WideTerm& term : form.terms) {
@@ -137,6 +193,7 @@ KivOmbNetwork::ConstraintId Post(KivOmbNetwork& network, Form form,
   }
   UnifyRelation(form);
   DivideByCommonDivisor(form);
+  if (const auto posted = PostShort(network, form, truth)) return *posted;
 
   std::vector<std::int64_t> coefficients = CoefficientsOf(form);
   std::vector<VariableId> arguments;

@@ -6,7 +6,6 @@
 #include "solver/constraints/linear_disequality.h"
 #include "solver/constraints/linear_equation.h"
 #include "solver/constraints/linear_support.h"
-#include "solver/constraints/truth.h"
 
 namespace kiv {
 
@@ -28,17 +27,9 @@ LinearReified::LinearReified(std::vector<std::int64_t> coefficients, LinearRelat
 }
 
 std::int64_t LinearReified::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  const unsigned truth = sum_.Count();
-  const bool is_implication = reification_ == Reification::kImplication;
-  if (environment.Summary(truth).IsFixed()) {
-    const bool holds = IsKnown(environment.Summary(truth), true);
-    return holds || !is_implication ? Impose(environment, holds) : kKivEntailed;
-  }
-  const std::optional<bool> holds = Decide(environment);
-  if (!holds) return kKivAtFixpoint;
-  if (*holds && is_implication) return kKivEntailed;
-  if (const auto result = SetTruth(environment, truth, *holds)) return result;
-  return kKivEntailed;
+  return FilterReified(
+      environment, sum_.Count(), reification_, [&] { return Decide(environment); },
+      [&](bool holds) { return Impose(environment, holds); });
 }
 
 std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& environment) const {
@@ -82,8 +73,7 @@ std::int64_t LinearReified::GetWakingEvents(unsigned index, unsigned) const {
 
 bool LinearReified::Holds(std::span<const std::int64_t> values) const {
   const bool holds = Stands(sum_.Of(values.first(sum_.Count())), relation_, constant_);
-  const bool truth = values[sum_.Count()] != 0;
-  return reification_ == Reification::kImplication ? !truth || holds : truth == holds;
+  return HoldsReified(values[sum_.Count()] != 0, reification_, holds);
 }
 
 }  // namespace kiv

@@ -7,14 +7,9 @@
 #include "framework/abstract_types/constraint.h"
 #include "solver/constraints/linear_relation.h"
 #include "solver/constraints/linear_sum.h"
+#include "solver/constraints/reification.h"
 
 namespace kiv {
-
-// How a truth value, the last argument of a constraint, goes with a relation.
-enum class Reification {
-  kEquivalence,  // it is true if and only if the relation holds
-  kImplication,  // if it is true, the relation holds
-};
 
 // A relation between the sum of coefficient[i] * argument i, over different integers of any kinds,
 // and a constant, tied to a boolean, the last argument.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -82,6 +83,14 @@ void Build(KivOmbNetwork& network, KivOmbNetwork::VariableId variable, const Dom
     }
     integer.InsertExactValue(static_cast<std::int32_t>(domain.GetUpper()));
   });
+}
+
+std::unique_ptr<KivOmbiConstraint> Construct(const KivOmbiCompoundObjectDescriptor& row) {
+  const KivOmbiConstraintDescriptor& kind = *row.GetConstraint();
+  void* memory = KivOmbiBase::operator new(static_cast<std::size_t>(kind.GetObjectSize()));
+  if (memory == nullptr) throw std::bad_alloc();
+  return std::unique_ptr<KivOmbiConstraint>(
+      static_cast<KivOmbiConstraint*>(kind.ConstructObjectFrom(memory, &row)));
 }
 
 }  // namespace
@@ -167,8 +176,13 @@ Builder::VariableId Builder::AddVariable(const Domain& domain, std::uint32_t off
     const auto& values = domain.GetValues();
     network_.Emplace<Membership>({&variable, 1},
                                  std::vector<std::int32_t>(values.begin(), values.end()));
+    NoteOrigin(offset);
   }
   return variable;
+}
+
+void Builder::NoteOrigin(std::uint32_t offset) {
+  origins_.resize(network_.CountConstraints(), offset);
 }
 
 const KivOmbiCompoundObjectDescriptor& Builder::FindRow(
@@ -193,6 +207,25 @@ void Builder::PostOperator(std::string_view symbol, VariableId left, VariableId 
 void Builder::PostOperator(std::string_view symbol, VariableId operand, VariableId result) {
   network_.Post(FindRow(symbol, 1, std::array{operand, result}), operand, KivOmbNetwork::kNone,
                 result);
+}
+
+Builder::Relation Builder::MakeOperator(std::string_view symbol, VariableId left, VariableId right,
+                                        VariableId result) const {
+  const auto& row = FindRow(symbol, 2, std::array{left, right, result});
+  Relation relation{Construct(row), std::vector<VariableId>(3)};
+  relation.arguments[row.GetOrder().left] = left;
+  relation.arguments[row.GetOrder().right] = right;
+  relation.arguments[row.GetOrder().result] = result;
+  return relation;
+}
+
+Builder::Relation Builder::MakeOperator(std::string_view symbol, VariableId operand,
+                                        VariableId result) const {
+  const auto& row = FindRow(symbol, 1, std::array{operand, result});
+  Relation relation{Construct(row), std::vector<VariableId>(2)};
+  relation.arguments[row.GetOrder().left] = operand;
+  relation.arguments[row.GetOrder().result] = result;
+  return relation;
 }
 
 }  // namespace kiv::flatzinc

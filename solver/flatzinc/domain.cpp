@@ -56,4 +56,9 @@ std::uint64_t Domain::Count() const noexcept {
   return static_cast<std::uint64_t>(upper_ - lower_) + 1;
 }
 
+bool Domain::Contains(std::int64_t value) const noexcept {
+  if (value < lower_ || upper_ < value) return false;
+  return values_.empty() || std::ranges::binary_search(values_, value);
+}
+
 }  // namespace kiv::flatzinc

@@ -29,6 +29,7 @@ class KIV_EXPORT Domain {
   // Those of a domain that is no range, ascending, each once.
   const std::vector<std::int64_t>& GetValues() const noexcept { return values_; }
   std::uint64_t Count() const noexcept;
+  bool Contains(std::int64_t value) const noexcept;
 
  private:
   static constexpr std::int64_t kUnbounded = std::int64_t{1} << 60;

@@ -1,6 +1,7 @@
 #include "solver/flatzinc/poster_table.h"
 
 #include <cctype>
+#include <ranges>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -16,7 +17,9 @@ std::unordered_map<std::string_view, const Poster*> MakeTable() {
   std::unordered_map<std::string_view, const Poster*> table;
   for (const auto family :
        {ArithmeticPosters(), ComparisonPosters(), LinearPosters(), BooleanPosters(),
-        ElementPosters(), MembershipPosters(), GlobalPosters()}) {
+        ElementPosters(), MembershipPosters(), DistinctPosters(), CountingPosters(), GraphPosters(),
+        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters(),
+        IndexedElementPosters()}) {
     for (const Poster& poster : family) table.emplace(poster.name, &poster);
   }
   return table;
@@ -81,12 +84,27 @@ bool HasType(Expression argument, const ArgumentType& type, const Model& model) 
   return true;
 }
 
-void CheckArguments(const Posting& posting, const Poster& poster, const Model& model) {
-  const auto types = ParseTypes(poster.types);
-  if (posting.CountArguments() != types.size()) {
-    posting.Refuse("takes " + std::to_string(types.size()) + " arguments, not " +
-                   std::to_string(posting.CountArguments()));
+// "2 or 3" of "bb|bbb".
+std::string DescribeCounts(std::string_view types) {
+  std::string text;
+  for (const auto part : std::views::split(types, '|')) {
+    text += text.empty() ? "" : " or ";
+    text += std::to_string(ParseTypes(std::string_view(part.begin(), part.end())).size());
   }
+  return text;
+}
+
+std::vector<ArgumentType> FindTypes(const Posting& posting, std::string_view alternatives) {
+  for (const auto part : std::views::split(alternatives, '|')) {
+    auto types = ParseTypes(std::string_view(part.begin(), part.end()));
+    if (types.size() == posting.CountArguments()) return types;
+  }
+  posting.Refuse("takes " + DescribeCounts(alternatives) + " arguments, not " +
+                 std::to_string(posting.CountArguments()));
+}
+
+void CheckArguments(const Posting& posting, const Poster& poster, const Model& model) {
+  const auto types = FindTypes(posting, poster.types);
   for (std::size_t i = 0; i < types.size(); ++i) {
     if (HasType(posting.GetArgument(i), types[i], model)) continue;
     posting.Refuse("takes " + Describe(types[i]) + " as argument " + std::to_string(i + 1));
@@ -113,7 +131,9 @@ void PostConstraints(Builder& builder) {
                   "Kiv does not have the constraint '" + posting.GetName() + '\'');
     }
     CheckArguments(posting, *poster, model);
-    if (!builder.IsDone(constraint)) poster->post(posting);
+    if (builder.IsDone(constraint)) continue;
+    poster->post(posting);
+    builder.NoteOrigin(constraint.offset);
   }
 }
 

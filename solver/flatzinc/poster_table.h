@@ -15,7 +15,14 @@ std::span<const Poster> LinearPosters();
 std::span<const Poster> BooleanPosters();
 std::span<const Poster> ElementPosters();
 std::span<const Poster> MembershipPosters();
-std::span<const Poster> GlobalPosters();
+std::span<const Poster> DistinctPosters();
+std::span<const Poster> CountingPosters();
+std::span<const Poster> GraphPosters();
+std::span<const Poster> OrderingPosters();
+std::span<const Poster> SchedulingPosters();
+std::span<const Poster> ExtensionalPosters();
+std::span<const Poster> PackingPosters();
+std::span<const Poster> IndexedElementPosters();
 
 // The poster of this name, or null.
 KIV_EXPORT const Poster* FindPoster(std::string_view name);

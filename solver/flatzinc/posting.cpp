@@ -1,14 +1,23 @@
 #include "solver/flatzinc/posting.h"
 
-#include <algorithm>
+#include <stdexcept>
 
 #include "solver/constraints/clause.h"
+#include "solver/constraints/reified.h"
 #include "solver/flatzinc/error.h"
 #include "solver/language/declared_domain.h"
 
 namespace kiv::flatzinc {
 
 using Kind = Expression::Kind;
+
+namespace {
+
+Reification ReificationOf(TruthForm form) {
+  return form == TruthForm::kImplied ? Reification::kImplication : Reification::kEquivalence;
+}
+
+}  // namespace
 
 bool Posting::IsConstant(Expression value) { return value.Is(Kind::kBool) || value.Is(Kind::kInt); }
 
@@ -34,9 +43,36 @@ std::vector<Posting::VariableId> Posting::GetVariables(std::size_t i) const {
   return variables;
 }
 
-Domain Posting::GetSet(std::size_t i) const {
+LinearExpression Posting::GetExpression(std::size_t i) const {
+  const Expression value = GetArgument(i);
+  return IsConstant(value) ? LinearExpression(value.GetValue())
+                           : LinearExpression(LinearTerm{1, GetVariable(value)});
+}
+
+LinearExpression Posting::GetSum(std::size_t coefficients, std::size_t variables) const {
+  const auto factors = GetElements(coefficients);
+  const auto values = GetElements(variables);
+  if (factors.size() != values.size()) Refuse("takes as many coefficients as variables");
+  LinearExpression sum;
+  for (std::size_t k = 0; k < values.size(); ++k) {
+    LinearExpression term = IsConstant(values[k])
+                                ? LinearExpression(values[k].GetValue())
+                                : LinearExpression(LinearTerm{1, GetVariable(values[k])});
+    if (!term.Scale(factors[k].GetValue()) || !sum.Add(term)) {
+      Refuse("has numbers that do not fit 64 bits");
+    }
+  }
+  return sum;
+}
+
+std::optional<LinearTruth> Posting::GetTruth(TruthForm form) const {
+  if (form == TruthForm::kPlain) return std::nullopt;
+  return LinearTruth{GetVariable(CountArguments() - 1), ReificationOf(form)};
+}
+
+Domain Posting::GetSet(Expression value) const {
   const Model& model = builder_.GetModel();
-  return Domain::FromSet(model.sets[GetArgument(i).GetPlace()], model);
+  return Domain::FromSet(model.sets[value.GetPlace()], model);
 }
 
 std::int32_t Posting::NarrowConstant(std::int64_t value) const {
@@ -49,6 +85,25 @@ std::int32_t Posting::NarrowConstant(std::int64_t value) const {
 
 void Posting::Refuse(const std::string& text) const {
   throw Error(constraint_.offset, '\'' + GetName() + "' " + text);
+}
+
+void Posting::Relate(const LinearExpression& left, LinearRelation relation,
+                     const LinearExpression& right, TruthForm form) const {
+  try {
+    PostLinear(GetNetwork(), left, relation, right, GetTruth(form));
+  } catch (const std::overflow_error&) {
+    Refuse("has coefficients of one variable whose sum does not fit 64 bits");
+  }
+}
+
+void Posting::Decide(bool holds, TruthForm form) const {
+  Relate(LinearExpression(0), LinearRelation::kEqual, LinearExpression(holds ? 0 : 1), form);
+}
+
+void Posting::Tie(Builder::Relation relation, TruthForm form) const {
+  relation.arguments.push_back(GetVariable(CountArguments() - 1));
+  GetNetwork().Emplace<Reified>(relation.arguments, std::move(relation.constraint),
+                                ReificationOf(form));
 }
 
 void Posting::PostContradiction() const {

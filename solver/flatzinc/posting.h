@@ -1,14 +1,25 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "solver/constraints/linear_posting.h"
 #include "solver/flatzinc/builder.h"
 
 namespace kiv::flatzinc {
+
+// How the truth of a constraint is tied to its last argument.
+enum class TruthForm {
+  kPlain,    // not at all: the constraint holds
+  kReified,  // that is true if and only if the constraint holds
+  kImplied,  // if that is true, the constraint holds
+};
 
 // One constraint of the text while it is being posted: its arguments, of the types that the poster
 // declared. An argument that may be a variable may always be a constant too.
@@ -41,14 +52,40 @@ class KIV_EXPORT Posting {
   std::vector<std::int64_t> GetIntegers(std::size_t i) const;
   std::vector<VariableId> GetVariables(std::size_t i) const;
 
+  // An integer or boolean, or coefficients times such, exactly.
+  LinearExpression GetExpression(std::size_t i) const;
+  LinearExpression GetSum(std::size_t coefficients, std::size_t variables) const;
+
+  // The last argument, which the constraint is tied to; none for a plain constraint.
+  std::optional<LinearTruth> GetTruth(TruthForm form) const;
+
   // Of a constant set.
-  Domain GetSet(std::size_t i) const;
+  Domain GetSet(Expression value) const;
+  Domain GetSet(std::size_t i) const { return GetSet(GetArgument(i)); }
 
   // A constant as a value of a variable, refused where it is beyond those.
   std::int32_t NarrowConstant(std::int64_t value) const;
   std::uint32_t GetOffset() const noexcept { return constraint_.offset; }
   // Throws Error: "'name' text".
   [[noreturn]] void Refuse(const std::string& text) const;
+  // Posts `left relation right`, tied as `form` says.
+  void Relate(const LinearExpression& left, LinearRelation relation, const LinearExpression& right,
+              TruthForm form) const;
+  // Posts a constraint of which it is known whether it holds.
+  void Decide(bool holds, TruthForm form) const;
+  // Posts a constraint of class T, made from `parameters`, over `arguments`.
+  template <class T, class... Parameters>
+  void Emplace(TruthForm form, std::vector<VariableId> arguments,
+               Parameters&&... parameters) const {
+    if (form == TruthForm::kPlain) {
+      GetNetwork().Emplace<T>(arguments, std::forward<Parameters>(parameters)...);
+    } else {
+      Tie({std::make_unique<T>(std::forward<Parameters>(parameters)...), std::move(arguments)},
+          form);
+    }
+  }
+  // Posts a relation tied as `form`, which is not plain, says.
+  void Tie(Builder::Relation relation, TruthForm form) const;
   // Posts that there is no solution.
   void PostContradiction() const;
 
@@ -62,7 +99,8 @@ struct Poster {
   std::string_view name;
   // The type of each argument, a letter each: b and i a boolean and an integer, s a set of
   // integers; a capital an array of such; a letter after '=' must be constant. So "=IIi" is an
-  // array of constant integers, an array of integers and an integer. Sets are always constant.
+  // array of constant integers, an array of integers and an integer. Sets are always constant. A
+  // '|' stands between the types for different numbers of arguments.
   std::string_view types;
   void (*post)(const Posting& posting);
 };

@@ -1,55 +1,60 @@
-#include <optional>
-#include <vector>
+#include <algorithm>
+#include <utility>
 
-#include "solver/constraints/linear_posting.h"
+#include "solver/constraints/boolean_count.h"
 #include "solver/flatzinc/poster_table.h"
 
+// Sums of integers or booleans with constant coefficients: coefficients, variables, right side. The
+// right side of a sum of booleans may be a variable.
 namespace kiv::flatzinc {
 namespace {
 
-// coefficients, variables, constant
-void Post(const Posting& posting, LinearRelation relation, std::optional<LinearTruth> truth) {
-  const auto coefficients = posting.GetElements(0);
-  const auto variables = posting.GetElements(1);
-  if (coefficients.size() != variables.size()) {
-    posting.Refuse("takes as many coefficients as variables");
-  }
-  LinearExpression sum;
-  for (std::size_t i = 0; i < variables.size(); ++i) {
-    LinearExpression term =
-        Posting::IsConstant(variables[i])
-            ? LinearExpression(variables[i].GetValue())
-            : LinearExpression(LinearTerm{1, posting.GetVariable(variables[i])});
-    if (!term.Scale(coefficients[i].GetValue()) || !sum.Add(term)) {
-      posting.Refuse("has numbers that do not fit 64 bits");
-    }
-  }
-  PostLinear(posting.GetNetwork(), sum, relation, LinearExpression(posting.GetInteger(2)), truth);
-}
-
-template <LinearRelation relation>
-void PostPlain(const Posting& posting) {
-  Post(posting, relation, std::nullopt);
-}
-
-template <LinearRelation relation, Reification reification>
-void PostReified(const Posting& posting) {
-  Post(posting, relation, LinearTruth{posting.GetVariable(3), reification});
-}
-
 using enum LinearRelation;
-using enum Reification;
+using enum TruthForm;
+
+template <LinearRelation relation, TruthForm form>
+void Sum(const Posting& posting) {
+  posting.Relate(posting.GetSum(0, 1), relation, posting.GetExpression(2), form);
+}
+
+// That many booleans are true has a class of its own.
+void BooleanSum(const Posting& posting) {
+  const auto coefficients = posting.GetIntegers(0);
+  const auto booleans = posting.GetElements(1);
+  const bool counts = coefficients.size() == booleans.size() && !posting.IsConstant(2) &&
+                      std::ranges::all_of(coefficients, [](auto factor) { return factor == 1; });
+  if (!counts) return Sum<kEqual, kPlain>(posting);
+  auto arguments = posting.GetVariables(1);
+  arguments.push_back(posting.GetVariable(2));
+  posting.Emplace<BooleanCount>(kPlain, std::move(arguments));
+}
 
 constexpr Poster kPosters[] = {
-    {"int_lin_eq", "=II=i", PostPlain<kEqual>},
-    {"int_lin_ne", "=II=i", PostPlain<kUnequal>},
-    {"int_lin_le", "=II=i", PostPlain<kLessOrEqual>},
-    {"int_lin_eq_reif", "=II=ib", PostReified<kEqual, kEquivalence>},
-    {"int_lin_ne_reif", "=II=ib", PostReified<kUnequal, kEquivalence>},
-    {"int_lin_le_reif", "=II=ib", PostReified<kLessOrEqual, kEquivalence>},
-    {"int_lin_eq_imp", "=II=ib", PostReified<kEqual, kImplication>},
-    {"int_lin_ne_imp", "=II=ib", PostReified<kUnequal, kImplication>},
-    {"int_lin_le_imp", "=II=ib", PostReified<kLessOrEqual, kImplication>},
+    {"int_lin_eq", "=II=i", Sum<kEqual, kPlain>},
+    {"int_lin_ne", "=II=i", Sum<kUnequal, kPlain>},
+    {"int_lin_le", "=II=i", Sum<kLessOrEqual, kPlain>},
+    {"int_lin_lt", "=II=i", Sum<kLess, kPlain>},
+    {"int_lin_eq_reif", "=II=ib", Sum<kEqual, kReified>},
+    {"int_lin_ne_reif", "=II=ib", Sum<kUnequal, kReified>},
+    {"int_lin_le_reif", "=II=ib", Sum<kLessOrEqual, kReified>},
+    {"int_lin_lt_reif", "=II=ib", Sum<kLess, kReified>},
+    {"int_lin_eq_imp", "=II=ib", Sum<kEqual, kImplied>},
+    {"int_lin_ne_imp", "=II=ib", Sum<kUnequal, kImplied>},
+    {"int_lin_le_imp", "=II=ib", Sum<kLessOrEqual, kImplied>},
+    {"int_lin_lt_imp", "=II=ib", Sum<kLess, kImplied>},
+
+    {"bool_lin_eq", "=IBi", BooleanSum},
+    {"bool_lin_ne", "=IBi", Sum<kUnequal, kPlain>},
+    {"bool_lin_le", "=IBi", Sum<kLessOrEqual, kPlain>},
+    {"bool_lin_lt", "=IBi", Sum<kLess, kPlain>},
+    {"bool_lin_eq_reif", "=IBib", Sum<kEqual, kReified>},
+    {"bool_lin_ne_reif", "=IBib", Sum<kUnequal, kReified>},
+    {"bool_lin_le_reif", "=IBib", Sum<kLessOrEqual, kReified>},
+    {"bool_lin_lt_reif", "=IBib", Sum<kLess, kReified>},
+    {"bool_lin_eq_imp", "=IBib", Sum<kEqual, kImplied>},
+    {"bool_lin_ne_imp", "=IBib", Sum<kUnequal, kImplied>},
+    {"bool_lin_le_imp", "=IBib", Sum<kLessOrEqual, kImplied>},
+    {"bool_lin_lt_imp", "=IBib", Sum<kLess, kImplied>},
 };
 
 }  // namespace

@@ -42,6 +42,8 @@ void RandomCase::AddBoolean(int repeat_one_in) {
   Add({kind, RandomValues(random_, *kind, Flavour::kSmall)});
 }
 
+void RandomCase::AddTruth() { OneIn(random_, 2) ? AddBoolean() : AddInteger({0, 1}, 2, 0); }
+
 bool RandomCase::AreSets() const {
   return std::ranges::all_of(case_.variables, [](const Declared& variable) {
     const bool is_set = ShapeOf(*variable.kind) == KindShape::kSet || variable.values.size() == 1;

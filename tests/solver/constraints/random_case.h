@@ -28,6 +28,8 @@ class RandomCase {
   // One that starts unknown; enumeration tries the pool.
   void AddUnknown(const Values& pool);
   void AddBoolean(int repeat_one_in = 12);
+  // A boolean, or an integer of any kind that has no other values than 0 and 1.
+  void AddTruth();
 
   std::size_t CountArguments() const { return case_.arguments.size(); }
   // Whether some variable is named twice.

@@ -1,7 +1,0 @@
-#include "solver/flatzinc/poster_table.h"
-
-namespace kiv::flatzinc {
-
-std::span<const Poster> GlobalPosters() { return {}; }
-
-}  // namespace kiv::flatzinc
