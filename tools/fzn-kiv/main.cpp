@@ -59,7 +59,8 @@ ExitCode Main(int argc, char** argv) {
   app.footer(
       "Prints solutions as the model annotates them, each followed by a line '----------', and\n"
       "'==========' when there are no others, or no better ones. Without a solution it prints\n"
-      "'=====UNSATISFIABLE=====' or '=====UNKNOWN====='.\n"
+      "'=====UNSATISFIABLE=====' or '=====UNKNOWN=====', and '=====UNBOUNDED=====' where there is\n"
+      "always a better one.\n"
       "Examples:\n"
       "  fzn-kiv model.fzn\n"
       "  fzn-kiv -a -s model.fzn\n"
