@@ -18,7 +18,8 @@ std::unordered_map<std::string_view, const Poster*> MakeTable() {
   for (const auto family :
        {ArithmeticPosters(), ComparisonPosters(), LinearPosters(), BooleanPosters(),
         ElementPosters(), MembershipPosters(), DistinctPosters(), CountingPosters(), GraphPosters(),
-        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters()}) {
+        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters(),
+        IndexedElementPosters()}) {
     for (const Poster& poster : family) table.emplace(poster.name, &poster);
   }
   return table;

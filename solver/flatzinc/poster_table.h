@@ -22,6 +22,7 @@ std::span<const Poster> OrderingPosters();
 std::span<const Poster> SchedulingPosters();
 std::span<const Poster> ExtensionalPosters();
 std::span<const Poster> PackingPosters();
+std::span<const Poster> IndexedElementPosters();
 
 // The poster of this name, or null.
 KIV_EXPORT const Poster* FindPoster(std::string_view name);

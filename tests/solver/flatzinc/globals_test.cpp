@@ -25,7 +25,8 @@ std::string ReadFile(const std::filesystem::path& path) {
 // The constraints that the MiniZinc library leaves to the solver.
 std::set<std::string> DeclaredByLibrary() {
   std::set<std::string> names;
-  const std::regex predicate("predicate (kiv_[a-z_0-9]+)");
+  // Those with a body are for the library alone.
+  const std::regex predicate("predicate (kiv_[a-z_0-9]+)\\([^=;]*\\);");
   for (const auto& entry : std::filesystem::directory_iterator(KIV_MINIZINC_LIBRARY)) {
     const std::string text = ReadFile(entry.path());
     for (std::sregex_iterator match(text.begin(), text.end(), predicate), end; match != end;
