@@ -17,7 +17,7 @@ std::string Refusal(const std::string& text, const std::vector<std::string>& arg
 
 TEST(FznKivErrors, NameThePlaceInTheText) {
   EXPECT_TRUE(
-      Refusal("var 1..3: x;\n  var 1..: y;\nsolve satisfy;\n").starts_with("<stdin>:2:11: "));
+      Refusal("var 1..3: x;\n  var 1..: y;\nsolve satisfy;\n").starts_with("<stdin>:2:10: "));
   EXPECT_EQ(Refusal("var 1..3: x;\nconstraint kiv_magic(x);\nsolve satisfy;\n"),
             "<stdin>:2:12: Kiv does not have the constraint 'kiv_magic'\n");
   EXPECT_EQ(Refusal("var 1..3: x;\n\nsolve minimize 1.5;\n"),

@@ -22,8 +22,8 @@ std::optional<Clock::time_point> DeadlineOf(const Options& options, Clock::time_
   using std::chrono::milliseconds;
   if (!options.time_limit) return std::nullopt;
   const auto most = std::chrono::floor<milliseconds>(Clock::time_point::max() - start).count();
-  if (*options.time_limit >= static_cast<std::uint64_t>(most)) return std::nullopt;
-  return start + milliseconds(static_cast<milliseconds::rep>(*options.time_limit));
+  if (*options.time_limit >= most) return std::nullopt;
+  return start + milliseconds(*options.time_limit);
 }
 
 ExitCode Fail(const char* what, ExitCode code) {

@@ -7,7 +7,9 @@
 namespace kiv::fzn {
 namespace {
 
-const CLI::Range kPositive(std::uint64_t{1}, std::numeric_limits<std::uint64_t>::max());
+constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+const CLI::Range kPositive(std::int64_t{1}, kMost);
+const CLI::Range kNotNegative(std::int64_t{0}, kMost);
 
 }  // namespace
 
@@ -32,7 +34,8 @@ void Options::AddTo(CLI::App& app) {
   app.add_option("-r,--random-seed", seed, "Decides what is chosen at random")->type_name("SEED");
   app.add_option("-t,--time-limit", time_limit,
                  "Ends after so many milliseconds, reading included, with what was found")
-      ->type_name("MS");
+      ->type_name("MS")
+      ->check(kNotNegative);
 }
 
 }  // namespace kiv::fzn

@@ -148,7 +148,7 @@ class SolverRun {
 
   // -n goes before -a.
   bool IsEnough() const {
-    if (options_.wanted) return report_.CountSolutions() >= *options_.wanted;
+    if (options_.wanted) return std::cmp_greater_equal(report_.CountSolutions(), *options_.wanted);
     return model_.solve.goal == flatzinc::Solve::Goal::kSatisfy && !options_.all &&
            report_.CountSolutions() > 0;
   }
