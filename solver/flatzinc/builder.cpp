@@ -176,8 +176,13 @@ Builder::VariableId Builder::AddVariable(const Domain& domain, std::uint32_t off
     const auto& values = domain.GetValues();
     network_.Emplace<Membership>({&variable, 1},
                                  std::vector<std::int32_t>(values.begin(), values.end()));
+    NoteOrigin(offset);
   }
   return variable;
+}
+
+void Builder::NoteOrigin(std::uint32_t offset) {
+  origins_.resize(network_.CountConstraints(), offset);
 }
 
 const KivOmbiCompoundObjectDescriptor& Builder::FindRow(

@@ -45,6 +45,13 @@ class KIV_EXPORT Builder {
   // solution would be found more than once.
   VariableId AddVariable(const Domain& domain, std::uint32_t offset);
 
+  // Says that the constraints posted since this was last said come from `offset` of the text.
+  void NoteOrigin(std::uint32_t offset);
+  // Where in the text a constraint of the network comes from.
+  std::uint32_t GetOrigin(KivOmbNetwork::ConstraintId constraint) const {
+    return origins_[constraint];
+  }
+
   // Posts `left symbol right = result` by the row of the operator that suits the domains as they
   // are: over sets where all three have at most 1024 values, else over bounds.
   void PostOperator(std::string_view symbol, VariableId left, VariableId right, VariableId result);
@@ -76,6 +83,7 @@ class KIV_EXPORT Builder {
   std::vector<std::uint32_t> representative_;  // by variable of the model
   std::vector<VariableId> variables_;          // by variable of the model
   std::unordered_map<std::int64_t, VariableId> constants_;
+  std::vector<std::uint32_t> origins_;  // by constraint of the network
 };
 
 }  // namespace kiv::flatzinc

@@ -80,7 +80,7 @@ void ItemAssembler::ReadName() {
 void ItemAssembler::AddAnnotation() {
   if (row_.size() - arguments_ == kMostArguments) {
     throw Error(values_.GetOffset(),
-                "more than " + std::to_string(kMostArguments) + " annotations");
+                "an item has at most " + std::to_string(kMostArguments) + " annotations");
   }
   row_.push_back(values_.GetValue());
 }
@@ -109,11 +109,10 @@ void ItemAssembler::ReadInitialiser() {
 
 void ItemAssembler::CheckValue(bool may_vary) const {
   const Expression value = values_.GetValue();
-  const bool varies = value.Is(Kind::kVariable);
-  if (!IsOfType(value, type_, model_) || (varies && !may_vary)) {
-    RefuseValue("is " + Describe(value, model_) + ", not " + Describe(type_) +
-                (may_vary ? "" : " constant"));
+  if (!IsOfType(value, type_, model_)) {
+    RefuseValue("is " + Describe(value, model_) + ", not " + Describe(type_));
   }
+  if (value.Is(Kind::kVariable) && !may_vary) RefuseValue("is a variable, not a constant");
   // A variable that is none of its values makes the model unsatisfiable, not wrong.
   if (domain_ && !may_vary &&
       !IsWithin(model_.sets[value.GetPlace()], model_.sets[*domain_], model_)) {
@@ -144,7 +143,7 @@ void ItemAssembler::EndVariable() {
 void ItemAssembler::EndArray() {
   if (elements_.size != size_) {
     throw Error(elements_offset_, "the array " + QuoteWord(model_.names[name_]) + " has " +
-                                      std::to_string(elements_.size) + " elements, but 1.." +
+                                      CountElements(elements_.size) + ", but 1.." +
                                       std::to_string(size_) + " is declared");
   }
   model_.arrays.push_back(elements_);
@@ -164,7 +163,8 @@ void ItemAssembler::BeginConstraint() {
 
 void ItemAssembler::AddArgument() {
   if (arguments_ == kMostArguments) {
-    throw Error(values_.GetOffset(), "more than " + std::to_string(kMostArguments) + " arguments");
+    throw Error(values_.GetOffset(),
+                "a constraint has at most " + std::to_string(kMostArguments) + " arguments");
   }
   ++arguments_;
   row_.push_back(values_.GetValue());

@@ -112,7 +112,8 @@ std::vector<const Poster*> ListPosters() {
   for (const auto family :
        {ArithmeticPosters(), ComparisonPosters(), LinearPosters(), BooleanPosters(),
         ElementPosters(), MembershipPosters(), DistinctPosters(), CountingPosters(), GraphPosters(),
-        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters()}) {
+        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters(),
+        IndexedElementPosters()}) {
     for (const Poster& poster : family) posters.push_back(&poster);
   }
   return posters;
@@ -136,7 +137,9 @@ void PostConstraints(Builder& builder) {
                   "Kiv does not have the constraint '" + posting.GetName() + '\'');
     }
     CheckArguments(posting, *poster, model);
-    if (!builder.IsDone(constraint)) poster->post(posting);
+    if (builder.IsDone(constraint)) continue;
+    poster->post(posting);
+    builder.NoteOrigin(constraint.offset);
   }
 }
 

@@ -23,6 +23,7 @@ std::span<const Poster> OrderingPosters();
 std::span<const Poster> SchedulingPosters();
 std::span<const Poster> ExtensionalPosters();
 std::span<const Poster> PackingPosters();
+std::span<const Poster> IndexedElementPosters();
 
 // All of them.
 KIV_EXPORT std::vector<const Poster*> ListPosters();

@@ -54,7 +54,8 @@ struct quoted_character
     : p::sor<p::not_one<'"', '\\', '\n', '\r'>, p::seq<p::one<'\\'>, p::not_one<'\n', '\r'>>> {};
 struct quoted_text : p::star<quoted_character> {};
 struct closing_quote : p::one<'"'> {
-  static constexpr const char* kName = "'\"' at the end of the text";
+  static constexpr const char* kName = "'\"' before the end of the line";
+  static constexpr bool kClosesStatement = true;
 };
 struct text : p::seq<p::one<'"'>, quoted_text, expect<closing_quote>> {};
 

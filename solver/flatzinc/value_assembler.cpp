@@ -7,6 +7,7 @@
 
 #include "solver/flatzinc/error.h"
 #include "solver/flatzinc/number_token.h"
+#include "solver/flatzinc/value_type.h"
 #include "solver/language/token_description.h"
 
 namespace kiv::flatzinc {
@@ -50,10 +51,6 @@ void MakeAscending(std::vector<Element>& elements, std::size_t begin) {
   if (std::is_sorted(first, elements.end(), std::less_equal<>())) return;
   std::sort(first, elements.end());
   elements.erase(std::unique(first, elements.end()), elements.end());
-}
-
-std::string CountElements(std::uint32_t count) {
-  return count == 1 ? "1 element" : std::to_string(count) + " elements";
 }
 
 }  // namespace
@@ -111,15 +108,15 @@ void ValueAssembler::EndRange() {
 }
 
 void ValueAssembler::BeginSet(std::uint32_t offset) {
-  list_offset_ = offset;
-  list_begin_ = model_.set_values.size();
+  set_offset_ = offset;
+  integers_begin_ = model_.set_values.size();
   floats_begin_ = model_.floats.size();
 }
 
 void ValueAssembler::AddToSet() {
   const bool is_integer = value_.Is(Kind::kInt);
   if (is_integer) model_.set_values.push_back(value_.GetValue());
-  if (is_integer ? model_.floats.size() > floats_begin_ : model_.set_values.size() > list_begin_) {
+  if (is_integer ? model_.floats.size() > floats_begin_ : model_.set_values.size() > integers_begin_) {
     throw Error(offset_, "the elements of a set are all integers or all floats");
   }
 }
@@ -134,32 +131,32 @@ void ValueAssembler::EndSet() {
 
 void ValueAssembler::EndIntegerSet() {
   auto& values = model_.set_values;
-  MakeAscending(values, list_begin_);
+  MakeAscending(values, integers_begin_);
   IntegerSet set;
-  if (values.size() > list_begin_) {
-    set.lower = values[list_begin_];
+  if (values.size() > integers_begin_) {
+    set.lower = values[integers_begin_];
     set.upper = values.back();
-    const auto count = static_cast<std::uint32_t>(values.size() - list_begin_);
+    const auto count = static_cast<std::uint32_t>(values.size() - integers_begin_);
     if (set.upper - set.lower + 1 == count) {
-      values.resize(list_begin_);
+      values.resize(integers_begin_);
     } else {
-      set.values = {static_cast<std::uint32_t>(list_begin_), count};
+      set.values = {static_cast<std::uint32_t>(integers_begin_), count};
     }
   }
   model_.sets.push_back(set);
-  SetLast(Kind::kSet, model_.sets, list_offset_);
+  SetLast(Kind::kSet, model_.sets, set_offset_);
 }
 
 void ValueAssembler::EndFloatSet() {
   MakeAscending(model_.floats, floats_begin_);
   const auto begin = static_cast<std::uint32_t>(floats_begin_);
   model_.float_sets.push_back({{begin, SizeOf(model_.floats) - begin}, false});
-  SetLast(Kind::kFloatSet, model_.float_sets, list_offset_);
+  SetLast(Kind::kFloatSet, model_.float_sets, set_offset_);
 }
 
 void ValueAssembler::BeginArray(std::uint32_t offset) {
-  list_offset_ = offset;
-  list_begin_ = model_.pool.size();
+  array_offset_ = offset;
+  array_begin_ = model_.pool.size();
 }
 
 void ValueAssembler::AddToArray() {
@@ -168,9 +165,9 @@ void ValueAssembler::AddToArray() {
 }
 
 void ValueAssembler::EndArray() {
-  const auto begin = static_cast<std::uint32_t>(list_begin_);
+  const auto begin = static_cast<std::uint32_t>(array_begin_);
   model_.arrays.push_back({begin, SizeOf(model_.pool) - begin});
-  SetLast(Kind::kArray, model_.arrays, list_offset_);
+  SetLast(Kind::kArray, model_.arrays, array_offset_);
 }
 
 void ValueAssembler::BeginSubscript() noexcept {
@@ -186,7 +183,7 @@ void ValueAssembler::EndSubscript() {
   offset_ = before_offset_;
   Resolve();
   if (!value_.Is(Kind::kArray)) throw Error(offset_, QuoteWord(name) + " is not an array");
-  if (!index.Is(Kind::kInt)) throw Error(index_offset, "an index is an integer");
+  if (!index.Is(Kind::kInt)) throw Error(index_offset, "an index is an integer, not a float");
   const List elements = model_.arrays[value_.GetPlace()];
   if (index.GetValue() < 1 || index.GetValue() > elements.size) {
     throw Error(index_offset, "the array " + QuoteWord(name) + " has " +

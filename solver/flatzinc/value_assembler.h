@@ -87,9 +87,11 @@ class ValueAssembler {
   Expression before_;  // the lower end of a range, the array of a subscript
   std::uint32_t before_offset_ = 0;
 
-  // The list that is being read, outside annotations.
-  std::uint32_t list_offset_ = 0;
-  std::size_t list_begin_ = 0;
+  // The array that is being read, outside annotations, and the set, which may be an element of it.
+  std::uint32_t array_offset_ = 0;
+  std::size_t array_begin_ = 0;
+  std::uint32_t set_offset_ = 0;
+  std::size_t integers_begin_ = 0;
   std::size_t floats_begin_ = 0;
 
   std::vector<Expression> stack_;

@@ -9,6 +9,17 @@ using Kind = Expression::Kind;
 
 bool IsEmptySet(const IntegerSet& set) { return set.values.size == 0 && set.lower > set.upper; }
 
+std::string DescribeVariable(BaseType type) {
+  switch (type) {
+    case BaseType::kSetOfInt:
+      return "a variable set of integers";
+    case BaseType::kSetOfFloat:
+      return "a variable set of floats";
+    default:
+      return Describe(type) + " variable";
+  }
+}
+
 }  // namespace
 
 bool IsOfType(Expression value, BaseType type, const Model& model) {
@@ -48,7 +59,7 @@ std::string Describe(Expression value, const Model& model) {
     case Kind::kArray:
       return "an array";
     case Kind::kVariable:
-      return Describe(model.variables[value.GetPlace()].type) + " variable";
+      return DescribeVariable(model.variables[value.GetPlace()].type);
     case Kind::kName:
       return "the name " + QuoteWord(model.names[value.GetPlace()]);
     case Kind::kCall:
@@ -71,6 +82,10 @@ std::string Describe(BaseType type) {
       return "a set of floats";
   }
   return {};
+}
+
+std::string CountElements(std::uint32_t count) {
+  return count == 1 ? "1 element" : std::to_string(count) + " elements";
 }
 
 }  // namespace kiv::flatzinc

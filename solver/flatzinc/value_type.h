@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "solver/flatzinc/model.h"
@@ -13,5 +14,7 @@ bool IsOfType(Expression value, BaseType type, const Model& model);
 std::string Describe(Expression value, const Model& model);
 // "an integer".
 std::string Describe(BaseType type);
+// "1 element", "2 elements".
+std::string CountElements(std::uint32_t count);
 
 }  // namespace kiv::flatzinc

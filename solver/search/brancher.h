@@ -29,6 +29,10 @@ class KIV_EXPORT Brancher {
   std::optional<Literal> Decide(KivOmbNetwork& network, std::size_t& first_open);
   // Whether this place, as Decide left it, is behind all variables: none is open or unknown.
   bool IsEnd(std::size_t first_open) const noexcept { return first_open == order_.size(); }
+  // Whether all variables that the strategy names stand before this place.
+  bool IsBehindStrategy(std::size_t first_open) const noexcept {
+    return first_open >= blocks_.back().begin;
+  }
 
   // To be called at each node after its propagation, with what that came to.
   void Learn(const KivOmbNetwork& network, KivOmbNetwork::Outcome outcome);

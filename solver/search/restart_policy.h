@@ -7,7 +7,7 @@
 
 namespace kiv {
 
-// After how many failures a search starts again from the root.
+// When a search starts again from the root: after how many failures, and whether after solutions.
 struct RestartPolicy {
   enum class Kind {
     kNone,
@@ -20,6 +20,7 @@ struct RestartPolicy {
   Kind kind = Kind::kNone;
   std::uint64_t scale = 100;  // 0 counts as 1
   double factor = 1.5;        // at least 1
+  bool on_solution = false;   // after each solution as well
 };
 
 // The numbers of failures after which one search restarts, one after the other. The sequence of

@@ -26,6 +26,9 @@ struct SearchOptions {
   Strategy strategy;
   RestartPolicy restarts;
   std::optional<Objective> objective;
+  // Whether one completion is enough where everything that the strategy names, and the objective,
+  // is fixed: of solutions that differ in the other variables alone only one is found.
+  bool complete_once = false;
   SearchLimits limits;
   std::uint64_t seed = 0;
   // Called after each `progress_interval` nodes; 0 counts as 1.

@@ -17,6 +17,18 @@ using Outcome = KivOmbNetwork::Outcome;
 // A search whose nogoods grow beyond it goes on without further restarts.
 constexpr std::size_t kMostNogoodLiterals = std::size_t{1} << 24;
 
+// Among solutions that one completion stands for there must be no better ones, so that the
+// objective is fixed before anything is completed.
+Strategy StrategyOf(const SearchOptions& options) {
+  Strategy strategy = options.strategy;
+  if (!options.complete_once || !options.objective) return strategy;
+  const bool minimize = options.objective->sense == Objective::Sense::kMinimize;
+  strategy.push_back({{options.objective->variable},
+                      VariableChoice::kInputOrder,
+                      minimize ? ValueChoice::kSmallest : ValueChoice::kGreatest});
+  return strategy;
+}
+
 // One run of a search. Each decision of the path, and each of its negations, has a level of the
 // network; below them the root of the search has one for what objective and nogoods conclude there.
 class SearchRun {
@@ -25,7 +37,7 @@ class SearchRun {
       : network_(network),
         options_(options),
         on_leaf_(on_leaf),
-        brancher_(network, options.strategy, options.seed),
+        brancher_(network, StrategyOf(options), options.seed),
         nogoods_(network),
         limits_(options.limits),
         restarts_(options.restarts),
@@ -59,7 +71,12 @@ class SearchRun {
             path_.push_back({*decision, false, first_open_});
           } else {
             if (const auto end = TellLeaf()) return *end;
+            if (options_.complete_once && brancher_.IsEnd(first_open_)) LeaveCompletion();
             if (!Backtrack()) return SearchEnd::kExhausted;
+            if (options_.restarts.on_solution && MayRestart()) {
+              Restart();
+              continue;
+            }
           }
           break;
         case Outcome::kContradiction:
@@ -108,6 +125,15 @@ class SearchRun {
     return std::nullopt;
   }
 
+  // Goes back to the last branching on what the strategy names. Where all of that is fixed only the
+  // other variables were left to complete.
+  void LeaveCompletion() {
+    while (!path_.empty() && brancher_.IsBehindStrategy(path_.back().first_open)) {
+      path_.pop_back();
+      network_.PopLevel();
+    }
+  }
+
   // Goes back to the last decision that is not refuted yet, and refutes it. False when there is
   // none.
   bool Backtrack() {
@@ -135,8 +161,11 @@ class SearchRun {
   }
 
   bool RestartIsDue() const {
-    return restart_at_ && result_.statistics.failures >= *restart_at_ &&
-           nogoods_.CountLiterals() + Nogoods::CountLiterals(path_) <= kMostNogoodLiterals;
+    return restart_at_ && result_.statistics.failures >= *restart_at_ && MayRestart();
+  }
+
+  bool MayRestart() const {
+    return nogoods_.CountLiterals() + Nogoods::CountLiterals(path_) <= kMostNogoodLiterals;
   }
 
   void Restart() {
@@ -146,7 +175,7 @@ class SearchRun {
     first_open_ = 0;
     ++Statistics().restarts;
     const std::uint64_t failures = Statistics().failures;
-    restart_at_ = failures + std::min(*restarts_.Next(), ~failures);
+    if (const auto next = restarts_.Next()) restart_at_ = failures + std::min(*next, ~failures);
   }
 
   void TakeBackTo(std::size_t level) {

@@ -85,6 +85,10 @@ std::optional<VariableId> ChooseVariable(const KivOmbNetwork& network,
       return least(kNoLimit, [](VariableId, const Summary& summary) {
         return Rank{-static_cast<double>(summary.upper), 0};
       });
+    case VariableChoice::kOccurrence:
+      return least(kNoLimit, [&](VariableId id, const Summary&) {
+        return Rank{-static_cast<double>(weights.GetDegree(id)), 0};
+      });
     case VariableChoice::kMostConstrained:
       return least(kNoLimit, [&](VariableId id, const Summary& summary) {
         return Rank{size_of(summary), -static_cast<double>(weights.GetDegree(id))};

@@ -16,6 +16,7 @@ enum class VariableChoice {
   kAntiFirstFail,    // most values
   kSmallest,         // least lower bound
   kLargest,          // greatest upper bound
+  kOccurrence,       // most constraints
   kMostConstrained,  // fewest values, then most constraints
   kMaxRegret,        // widest gap between its two smallest values
   kDomWDeg,          // fewest values for the weight of its constraints, then fewest values

@@ -1,36 +1,17 @@
 #include "tools/kiv/model_input.h"
 
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 #include <utility>
 
 #include "solver/language/data_file.h"
 #include "solver/language/model_compiler.h"
 #include "tools/kiv/output.h"
+#include "tools/kiv/text_input.h"
 
 namespace kiv {
 namespace {
 
 constexpr const char* kStandardModules[] = {"KivOmbEnumIntegers"};
-
-std::string ReadText(const std::string& file) {
-  std::ostringstream text;
-  if (file == "-") {
-    text << std::cin.rdbuf();
-    return std::move(text).str();
-  }
-  std::error_code error;
-  if (std::filesystem::is_directory(file, error)) throw InputError(file + ": is a directory");
-  errno = 0;
-  std::ifstream in(file, std::ios::binary);
-  if (in && in.peek() != std::ifstream::traits_type::eof()) text << in.rdbuf();
-  if (in.bad() || !in.is_open()) throw InputError(file + ": " + std::strerror(errno));
-  return std::move(text).str();
-}
 
 // Adds the values of definitions "name=value" to `values`, in the place of others of that name.
 void ReadDefinitions(const std::vector<std::string>& definitions,

@@ -19,6 +19,13 @@ void PostCircuitThroughSome(const Posting& posting) {
                  posting.NarrowConstant(posting.GetInteger(0)));
 }
 
+// Without the all-different, which the circuit implies.
+template <class T>
+void PostReifiedCircuit(const Posting& posting) {
+  posting.Emplace<T>(TruthForm::kReified, posting.GetVariables(1),
+                     posting.NarrowConstant(posting.GetInteger(0)));
+}
+
 // f, its first index, g, its first index
 void PostInverseSequences(const Posting& posting) {
   PostInverse(posting.GetNetwork(), posting.GetVariables(0), posting.GetVariables(2),
@@ -29,6 +36,8 @@ void PostInverseSequences(const Posting& posting) {
 constexpr Poster kPosters[] = {
     {"kiv_circuit", "=iI", PostCircuitThroughAll},
     {"kiv_subcircuit", "=iI", PostCircuitThroughSome},
+    {"kiv_circuit_reif", "=iIb", PostReifiedCircuit<Circuit>},
+    {"kiv_subcircuit_reif", "=iIb", PostReifiedCircuit<Subcircuit>},
     {"kiv_inverse", "I=iI=i", PostInverseSequences},
 };
 

@@ -1,4 +1,5 @@
 #include "solver/constraints/cumulative.h"
+#include "solver/constraints/disjunctive.h"
 #include "solver/flatzinc/poster_table.h"
 
 namespace kiv::flatzinc {
@@ -30,14 +31,11 @@ void PostCumulative(const Posting& posting) {
   posting.GetNetwork().Emplace<Cumulative>(arguments, tasks);
 }
 
-// starts, durations: one machine, of which each task demands all.
+// starts, durations
 void PostDisjunctive(const Posting& posting) {
   CheckTasks(posting, 2);
   const auto tasks = static_cast<unsigned>(posting.GetElements(0).size());
-  auto arguments = JoinVariables(posting, 2);
-  arguments.insert(arguments.end(), tasks + 1,
-                   posting.GetBuilder().GetConstant(1, posting.GetOffset()));
-  posting.GetNetwork().Emplace<Cumulative>(arguments, tasks);
+  posting.GetNetwork().Emplace<Disjunctive>(JoinVariables(posting, 2), tasks);
 }
 
 constexpr Poster kPosters[] = {

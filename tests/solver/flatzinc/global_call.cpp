@@ -62,6 +62,10 @@ void GlobalCall::AddIntegers(int count, std::int32_t lower, std::int32_t upper) 
   arguments_.push_back(std::move(argument));
 }
 
+void GlobalCall::AddBoolean() {
+  arguments_.push_back({false, true, false, {PickTerm(0, 1, true)}, {}});
+}
+
 void GlobalCall::AddBooleans(int count) {
   Argument argument{true, true, false, {}, {}};
   for (int i = 0; i < count; ++i) argument.terms.push_back(PickTerm(0, 1, true));

@@ -18,6 +18,7 @@ class GroundArguments {
   void Add(Integers elements) { arguments_.push_back({std::move(elements), {}}); }
   void Add(std::vector<Integers> sets) { arguments_.push_back({{}, std::move(sets)}); }
 
+  std::size_t Count() const { return arguments_.size(); }
   // Of an array, or of a set.
   const Integers& Get(std::size_t i) const { return arguments_[i].elements; }
   // Of an argument that is neither.
@@ -45,6 +46,7 @@ class GlobalCall {
   // Integers of [lower, upper]; one of them, or an array of `count`.
   void AddInteger(std::int32_t lower, std::int32_t upper);
   void AddIntegers(int count, std::int32_t lower, std::int32_t upper);
+  void AddBoolean();
   void AddBooleans(int count);
   void AddConstant(std::int64_t value);
   void AddConstants(std::vector<std::int64_t> values);

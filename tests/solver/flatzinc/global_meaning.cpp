@@ -183,6 +183,12 @@ bool BinPackingLoad(const Arguments& a) {
   return loads == a.Get(0);
 }
 
+bool IndexedElement(const Arguments& a) {
+  const std::int64_t place = a.GetOne(0) - a.GetOne(1);
+  if (place < 0 || place >= static_cast<std::int64_t>(a.Get(2).size())) return false;
+  return a.Get(2)[static_cast<std::size_t>(place)] == a.GetOne(3);
+}
+
 Integers PickIntegers(Generator& random, int count, int lower, int upper) {
   Integers integers;
   for (int i = 0; i < count; ++i) integers.push_back(Pick(random, lower, upper));
@@ -223,6 +229,33 @@ void MakeSuccessors(GlobalCall& call) {
   call.AddIntegers(places, first - (OneIn(random, 4) ? 1 : 0), first + places);
 }
 
+template <void (*make)(GlobalCall&)>
+void MakeReified(GlobalCall& call) {
+  make(call);
+  call.AddBoolean();
+}
+
+// The truth is the last argument.
+template <bool (*holds)(const Arguments&)>
+bool Reified(const Arguments& a) {
+  return holds(a) == (a.GetOne(a.Count() - 1) != 0);
+}
+
+void MakeTable(GlobalCall& call) {
+  Generator& random = call.GetRandom();
+  const int arity = Pick(random, 0, 3);
+  call.AddIntegers(arity, -1, 4);
+  Integers cells = PickIntegers(random, arity * Pick(random, 0, 8), -1, 4);
+  if (!cells.empty() && OneIn(random, 10)) cells[0] = -1000000000000;
+  call.AddConstants(std::move(cells));
+}
+
+void MakeBooleanTable(GlobalCall& call) {
+  const int arity = Pick(call.GetRandom(), 0, 4);
+  call.AddBooleans(arity);
+  call.AddBooleanConstants(arity * Pick(call.GetRandom(), 0, 6));
+}
+
 void MakeOrder(GlobalCall& call) {
   call.AddIntegers(Pick(call.GetRandom(), 0, 3), 0, 2);
   call.AddIntegers(Pick(call.GetRandom(), 0, 3), 0, 2);
@@ -233,7 +266,8 @@ void MakeBooleanOrder(GlobalCall& call) {
   call.AddBooleans(Pick(call.GetRandom(), 0, 4));
 }
 
-void MakeAutomatonWord(GlobalCall& call, bool is_deterministic) {
+template <bool is_deterministic>
+void MakeAutomatonWord(GlobalCall& call) {
   Generator& random = call.GetRandom();
   const int states = Pick(random, 1, 3);
   const Integers symbols = OneIn(random, 4) ? Integers{-1, 2, 1000000000000} : Integers{1, 2, 3};
@@ -282,6 +316,8 @@ const std::vector<Global>& AllGlobals() {
       {"kiv_global_cardinality_low_up_closed", ClosedLimitedCardinality, MakeLimitedCardinality},
       {"kiv_circuit", Circuit, MakeSuccessors},
       {"kiv_subcircuit", Subcircuit, MakeSuccessors},
+      {"kiv_circuit_reif", Reified<Circuit>, MakeReified<MakeSuccessors>},
+      {"kiv_subcircuit_reif", Reified<Subcircuit>, MakeReified<MakeSuccessors>},
       {"kiv_inverse", Inverse,
        [](GlobalCall& call) {
          Generator& random = call.GetRandom();
@@ -316,24 +352,31 @@ const std::vector<Global>& AllGlobals() {
          call.AddIntegers(tasks, 0, 7);
          call.AddConstants(PickIntegers(call.GetRandom(), tasks, 0, 3));
        }},
-      {"kiv_table_int", Table,
+      {"kiv_table_int", Table, MakeTable},
+      {"kiv_table_int_reif", Reified<Table>, MakeReified<MakeTable>},
+      {"kiv_table_bool", Table, MakeBooleanTable},
+      {"kiv_table_bool_reif", Reified<Table>, MakeReified<MakeBooleanTable>},
+      {"kiv_regular", RegularWord, MakeAutomatonWord<true>},
+      {"kiv_regular_reif", Reified<RegularWord>, MakeReified<MakeAutomatonWord<true>>},
+      {"kiv_regular_nfa", NondeterministicWord, MakeAutomatonWord<false>},
+      {"kiv_regular_nfa_reif", Reified<NondeterministicWord>,
+       MakeReified<MakeAutomatonWord<false>>},
+      {"kiv_element_int", IndexedElement,
        [](GlobalCall& call) {
-         Generator& random = call.GetRandom();
-         const int arity = Pick(random, 0, 3);
-         call.AddIntegers(arity, -1, 4);
-         Integers cells = PickIntegers(random, arity * Pick(random, 0, 8), -1, 4);
-         if (!cells.empty() && OneIn(random, 10)) cells[0] = -1000000000000;
-         call.AddConstants(std::move(cells));
+         const int first = Pick(call.GetRandom(), -2, 2);
+         call.AddInteger(first - 2, first + 5);
+         call.AddConstant(first);
+         call.AddIntegers(Pick(call.GetRandom(), 0, 4), -1, 4);
+         call.AddInteger(-1, 4);
        }},
-      {"kiv_table_bool", Table,
+      {"kiv_element_bool", IndexedElement,
        [](GlobalCall& call) {
-         const int arity = Pick(call.GetRandom(), 0, 4);
-         call.AddBooleans(arity);
-         call.AddBooleanConstants(arity * Pick(call.GetRandom(), 0, 6));
+         const int first = Pick(call.GetRandom(), -2, 2);
+         call.AddInteger(first - 2, first + 5);
+         call.AddConstant(first);
+         call.AddBooleans(Pick(call.GetRandom(), 0, 5));
+         call.AddBoolean();
        }},
-      {"kiv_regular", RegularWord, [](GlobalCall& call) { MakeAutomatonWord(call, true); }},
-      {"kiv_regular_nfa", NondeterministicWord,
-       [](GlobalCall& call) { MakeAutomatonWord(call, false); }},
       {"kiv_bin_packing_load", BinPackingLoad,
        [](GlobalCall& call) {
          Generator& random = call.GetRandom();

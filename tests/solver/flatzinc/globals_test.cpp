@@ -25,7 +25,8 @@ std::string ReadFile(const std::filesystem::path& path) {
 // The constraints that the MiniZinc library leaves to the solver.
 std::set<std::string> DeclaredByLibrary() {
   std::set<std::string> names;
-  const std::regex predicate("predicate (kiv_[a-z_0-9]+)");
+  // Those with a body are for the library alone.
+  const std::regex predicate("predicate (kiv_[a-z_0-9]+)\\([^=;]*\\);");
   for (const auto& entry : std::filesystem::directory_iterator(KIV_MINIZINC_LIBRARY)) {
     const std::string text = ReadFile(entry.path());
     for (std::sregex_iterator match(text.begin(), text.end(), predicate), end; match != end;
@@ -58,7 +59,9 @@ TEST_P(EachGlobal, HasTheSolutionsOfItsMeaning) {
     const auto expected = EnumerateSolutions(call.GetDomains(), [&](const Assignment& values) {
       return GetParam().holds(call.Apply(values));
     });
-    ASSERT_EQ(SolveText(call.GetText()), expected);
+    std::vector<Assignment> found;
+    ASSERT_NO_THROW(found = SolveText(call.GetText()));
+    ASSERT_EQ(found, expected);
   }
 }
 

@@ -30,11 +30,14 @@ struct RandomModel {
 inline constexpr VariableChoice kVariableChoices[] = {
     VariableChoice::kInputOrder, VariableChoice::kFirstFail, VariableChoice::kAntiFirstFail,
     VariableChoice::kSmallest,   VariableChoice::kLargest,   VariableChoice::kMostConstrained,
-    VariableChoice::kMaxRegret,  VariableChoice::kDomWDeg,   VariableChoice::kActivity};
-inline constexpr ValueChoice kValueChoices[] = {ValueChoice::kSmallest,  ValueChoice::kGreatest,
-                                                ValueChoice::kLowerHalf, ValueChoice::kUpperHalf,
-                                                ValueChoice::kMiddle,    ValueChoice::kRandom,
-                                                ValueChoice::kFromBelow};
+    VariableChoice::kOccurrence, VariableChoice::kMaxRegret, VariableChoice::kDomWDeg,
+    VariableChoice::kActivity};
+inline constexpr ValueChoice kValueChoices[] = {
+    ValueChoice::kSmallest,    ValueChoice::kGreatest,     ValueChoice::kButSmallest,
+    ValueChoice::kButGreatest, ValueChoice::kLowerHalf,    ValueChoice::kUpperHalf,
+    ValueChoice::kUpToMiddle,  ValueChoice::kBeyondMiddle, ValueChoice::kUpToFirstGap,
+    ValueChoice::kMiddle,      ValueChoice::kMedian,       ValueChoice::kRandom,
+    ValueChoice::kFromBelow};
 inline constexpr RestartPolicy kRestartPolicies[] = {{RestartPolicy::Kind::kNone, 1, 1},
                                                      {RestartPolicy::Kind::kConstant, 1, 1},
                                                      {RestartPolicy::Kind::kLinear, 1, 1},

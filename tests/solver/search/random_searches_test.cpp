@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <set>
 
 #include "solver/search/tree_search.h"
 #include "tests/solver/search/random_model.h"
@@ -52,7 +53,9 @@ TEST(RandomSearches, FindEverySolutionOnceWhateverTheStrategy) {
   ForEachModel([&](const RandomModel& model, std::uint64_t) {
     const auto expected = model.Solve();
     solutions += expected.size();
-    ForEachSearch(SomeDecisions(model), [&](const SearchOptions& options) {
+    ForEachSearch(SomeDecisions(model), [&](SearchOptions options) {
+      // What a search learns from many solutions would take most of the time.
+      options.restarts.on_solution = expected.size() < 30;
       KivOmbNetwork network;
       model.Build(network);
       std::vector<Assignment> found;
@@ -90,6 +93,7 @@ TEST(RandomSearches, FindTheOptimumWhateverTheStrategy) {
     }
     ForEachSearch(SomeDecisions(model), [&](SearchOptions options) {
       options.objective = Objective{variable, sense};
+      options.restarts.on_solution = seed % 3 == 0;
       KivOmbNetwork network;
       model.Build(network);
       std::vector<std::int64_t> objectives;
@@ -112,6 +116,76 @@ TEST(RandomSearches, FindTheOptimumWhateverTheStrategy) {
   if (ProvesMuch()) {
     EXPECT_GT(improved, 10 * kModels);
   }
+}
+
+// The first half of the variables, the last of them first: the others are only to be completed.
+std::vector<VariableId> HalfOfTheVariables(const RandomModel& model) {
+  std::vector<VariableId> half;
+  for (std::size_t i = model.variables.size() / 2; i > 0; --i) {
+    half.push_back(static_cast<VariableId>(i - 1));
+  }
+  return half;
+}
+
+TEST(RandomSearches, CompleteEachAssignmentOfTheNamedVariablesOnce) {
+  std::size_t solutions = 0;
+  std::size_t completed = 0;
+  ForEachModel([&](const RandomModel& model, std::uint64_t) {
+    const auto all = model.Solve();
+    const std::vector<VariableId> named = HalfOfTheVariables(model);
+    const auto part_of = [&](const Assignment& assignment) {
+      return Assignment(assignment.begin(),
+                        assignment.begin() + static_cast<std::ptrdiff_t>(named.size()));
+    };
+    std::set<Assignment> expected;
+    for (const Assignment& solution : all) expected.insert(part_of(solution));
+    solutions += all.size();
+    completed += expected.size();
+    ForEachSearch(named, [&](SearchOptions options) {
+      options.complete_once = true;
+      options.restarts.on_solution = expected.size() < 30;
+      KivOmbNetwork network;
+      model.Build(network);
+      std::set<Assignment> found;
+      const SearchResult result = TreeSearch(network, options).Run([&](const SearchLeaf& leaf) {
+        EXPECT_TRUE(leaf.complete);
+        const Assignment solution = ValuesNow(network);
+        EXPECT_TRUE(std::ranges::binary_search(all, solution));
+        EXPECT_TRUE(found.insert(part_of(solution)).second) << "completed twice";
+        return true;
+      });
+      ASSERT_EQ(found, expected);
+      EXPECT_EQ(result.end, SearchEnd::kExhausted);
+      EXPECT_EQ(network.GetLevel(), 0u);
+    });
+  });
+  if (!ProvesMuch()) return;
+  EXPECT_GT(completed, 5 * kModels);
+  EXPECT_GT(solutions, 2 * completed);
+}
+
+TEST(RandomSearches, FindTheOptimumThoughOneCompletionIsEnough) {
+  ForEachModel([&](const RandomModel& model, std::uint64_t seed) {
+    // One of the variables that are only to be completed is the objective.
+    const auto variable = static_cast<VariableId>(model.variables.size() - 1);
+    const auto sense = seed % 2 == 0 ? Objective::Sense::kMinimize : Objective::Sense::kMaximize;
+    std::optional<std::int64_t> optimum;
+    for (const Assignment& solution : model.Solve()) {
+      const std::int64_t value = solution[variable];
+      const bool is_better = !optimum || (seed % 2 == 0 ? value < *optimum : value > *optimum);
+      if (is_better) optimum = value;
+    }
+    ForEachSearch(HalfOfTheVariables(model), [&](SearchOptions options) {
+      options.complete_once = true;
+      options.objective = Objective{variable, sense};
+      KivOmbNetwork network;
+      model.Build(network);
+      const SearchResult result =
+          TreeSearch(network, options).Run([](const SearchLeaf& leaf) { return leaf.complete; });
+      EXPECT_EQ(result.end, SearchEnd::kExhausted);
+      ASSERT_EQ(result.best, optimum);
+    });
+  });
 }
 
 TEST(RandomSearches, TheSameSeedGivesTheSameRun) {

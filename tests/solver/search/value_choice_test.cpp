@@ -24,6 +24,12 @@ TEST_F(ValueChoices, SplitEveryKindTheSame) {
     EXPECT_EQ(Choose(x, ValueChoice::kLowerHalf), Literal::AtMost(x, 3));
     EXPECT_EQ(Choose(x, ValueChoice::kUpperHalf), Literal::AtLeast(x, 4));
     EXPECT_EQ(Choose(x, ValueChoice::kMiddle), Literal::Equal(x, 3));
+    EXPECT_EQ(Choose(x, ValueChoice::kMedian), Literal::Equal(x, 3));
+    EXPECT_EQ(Choose(x, ValueChoice::kUpToMiddle), Literal::AtMost(x, 3));
+    EXPECT_EQ(Choose(x, ValueChoice::kBeyondMiddle), Literal::AtLeast(x, 4));
+    EXPECT_EQ(Choose(x, ValueChoice::kUpToFirstGap), Literal::AtMost(x, 3));
+    EXPECT_EQ(Choose(x, ValueChoice::kButSmallest), Literal::AtLeast(x, 2));
+    EXPECT_EQ(Choose(x, ValueChoice::kButGreatest), Literal::AtMost(x, 4));
     EXPECT_EQ(ValuesOf(network_, x), (Values{1, 2, 3, 4, 5}));
   }
 }
@@ -37,13 +43,41 @@ TEST_F(ValueChoices, HalvesAreOfTheValuesAndTheMiddleIsOfTheBounds) {
   EXPECT_EQ(Choose(y, ValueChoice::kMiddle), Literal::Equal(y, 40));
 }
 
+TEST_F(ValueChoices, SplitAtTheMiddleBetweenTheBoundsRoundedDown) {
+  const auto x = Enum({-4, -3, 7, 90, 91});
+  EXPECT_EQ(Choose(x, ValueChoice::kUpToMiddle), Literal::AtMost(x, 43));
+  EXPECT_EQ(Choose(x, ValueChoice::kBeyondMiddle), Literal::AtLeast(x, 44));
+  const auto y = Interval(-6, -3);
+  EXPECT_EQ(Choose(y, ValueChoice::kUpToMiddle), Literal::AtMost(y, -5));
+  EXPECT_EQ(Choose(y, ValueChoice::kBeyondMiddle), Literal::AtLeast(y, -4));
+}
+
+TEST_F(ValueChoices, TheMedianHasAsManyValuesOnEitherSide) {
+  const auto odd = Enum({-9, 1, 2, 50, 1000});
+  EXPECT_EQ(Choose(odd, ValueChoice::kMedian), Literal::Equal(odd, 2));
+  const auto even = Enum({-9, 1, 50, 1000});
+  EXPECT_EQ(Choose(even, ValueChoice::kMedian), Literal::Equal(even, 1));
+  const auto range = Interval(-7, 0);
+  EXPECT_EQ(Choose(range, ValueChoice::kMedian), Literal::Equal(range, -4));
+}
+
+TEST_F(ValueChoices, TheFirstRangeEndsAtTheFirstGap) {
+  const auto x = Enum({1, 2, 3, 5, 6, 9});
+  EXPECT_EQ(Choose(x, ValueChoice::kUpToFirstGap), Literal::AtMost(x, 3));
+  const auto y = Enum({1, 5, 6});
+  EXPECT_EQ(Choose(y, ValueChoice::kUpToFirstGap), Literal::AtMost(y, 1));
+}
+
 TEST_F(ValueChoices, TakeOneOfTwoValues) {
   for (const VariableId x : {Bool(), Enum({0, 1}), Interval(0, 1)}) {
-    for (const ValueChoice choice : {ValueChoice::kSmallest, ValueChoice::kLowerHalf,
-                                     ValueChoice::kMiddle, ValueChoice::kFromBelow}) {
+    for (const ValueChoice choice :
+         {ValueChoice::kSmallest, ValueChoice::kLowerHalf, ValueChoice::kMiddle,
+          ValueChoice::kFromBelow, ValueChoice::kMedian, ValueChoice::kUpToMiddle,
+          ValueChoice::kUpToFirstGap, ValueChoice::kButGreatest}) {
       EXPECT_EQ(Choose(x, choice), Literal::Equal(x, 0));
     }
-    for (const ValueChoice choice : {ValueChoice::kGreatest, ValueChoice::kUpperHalf}) {
+    for (const ValueChoice choice : {ValueChoice::kGreatest, ValueChoice::kUpperHalf,
+                                     ValueChoice::kBeyondMiddle, ValueChoice::kButSmallest}) {
       EXPECT_EQ(Choose(x, choice), Literal::Equal(x, 1));
     }
   }
@@ -74,6 +108,9 @@ TEST_F(ValueChoices, SplitTheWidestInterval) {
   const auto x = Interval(-kMost, kMost);
   EXPECT_EQ(Choose(x, ValueChoice::kLowerHalf), Literal::AtMost(x, 0));
   EXPECT_EQ(Choose(x, ValueChoice::kMiddle), Literal::Equal(x, 0));
+  EXPECT_EQ(Choose(x, ValueChoice::kMedian), Literal::Equal(x, 0));
+  EXPECT_EQ(Choose(x, ValueChoice::kUpToMiddle), Literal::AtMost(x, 0));
+  EXPECT_EQ(Choose(x, ValueChoice::kUpToFirstGap), Literal::AtMost(x, 0));
   EXPECT_EQ(Choose(x, ValueChoice::kGreatest), Literal::Equal(x, kMost));
   for (int i = 0; i < 100; ++i) {
     EXPECT_FALSE(IsImpossible(network_, Choose(x, ValueChoice::kRandom)));

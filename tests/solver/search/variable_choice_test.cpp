@@ -24,7 +24,8 @@ class VariableChoices : public SearchedNetwork {
 constexpr VariableChoice kEveryChoice[] = {
     VariableChoice::kInputOrder, VariableChoice::kFirstFail, VariableChoice::kAntiFirstFail,
     VariableChoice::kSmallest,   VariableChoice::kLargest,   VariableChoice::kMostConstrained,
-    VariableChoice::kMaxRegret,  VariableChoice::kDomWDeg,   VariableChoice::kActivity};
+    VariableChoice::kOccurrence, VariableChoice::kMaxRegret, VariableChoice::kDomWDeg,
+    VariableChoice::kActivity};
 
 TEST_F(VariableChoices, GoByDomains) {
   Enum({4});
@@ -48,6 +49,7 @@ TEST_F(VariableChoices, GoByTheFewestValuesAndThenTheMostConstraints) {
   for (int i = 0; i < 2; ++i) network_.Emplace<AllDifferent>(std::vector{y, z});
   network_.Emplace<AllDifferent>(std::vector{x, z});
   EXPECT_EQ(Choose(VariableChoice::kMostConstrained), y);
+  EXPECT_EQ(Choose(VariableChoice::kOccurrence), z);
   EXPECT_EQ(Choose(VariableChoice::kFirstFail), x);
 }
 
