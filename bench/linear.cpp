@@ -171,22 +171,22 @@ class Enumeration {
   std::vector<VariableId> decisions_;
 };
 
-// Returns the names of all cases. Prints the sizes of the trees; false in `agree` when they do not
+// Returns a line for every case. Prints the sizes of the trees; false in `agree` when they do not
 // have the same solutions, which leaves nothing to measure.
-std::vector<std::string> RegisterAll(bool& agree) {
-  std::vector<std::string> names;
+std::vector<kiv::bench::RatioTable::Line> RegisterAll(bool& agree) {
+  std::vector<kiv::bench::RatioTable::Line> lines;
   std::cout << "Nodes of the search trees:\n";
   for (const Model& model : Models()) {
     std::cout << std::left << std::setw(32) << model.name << std::right;
-    names.emplace_back(model.name);
+    lines.push_back({model.name});
     std::uint64_t solutions = 0;
     for (const Contender& contender : model.contenders) {
       const auto enumeration = std::make_shared<Enumeration>(model, contender);
       const kiv::SearchResult result = enumeration->Run();
-      std::cout << std::setw(12) << contender.name << std::setw(9) << result.statistics.nodes;
-      if (&contender == &model.contenders.front()) solutions = result.statistics.solutions;
-      agree = agree && result.statistics.solutions == solutions && result.statistics.unknowns == 0;
-      benchmark::RegisterBenchmark((names.back() + "/" + contender.name).c_str(),
+      std::cout << std::setw(12) << contender.name << std::setw(9) << result.nodes;
+      if (&contender == &model.contenders.front()) solutions = result.solutions;
+      agree = agree && result.solutions == solutions && result.unknowns == 0;
+      benchmark::RegisterBenchmark((lines.back().measured + "/" + contender.name).c_str(),
                                    [enumeration](benchmark::State& state) {
                                      for (auto _ : state) {
                                        benchmark::DoNotOptimize(enumeration->Run());
@@ -197,7 +197,7 @@ std::vector<std::string> RegisterAll(bool& agree) {
     }
     std::cout << '\n';
   }
-  return names;
+  return lines;
 }
 
 }  // namespace

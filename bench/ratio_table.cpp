@@ -28,17 +28,25 @@ void RatioTable::Finalize() {
   std::ostream& out = GetOutputStream();
   out << "How many times as long as " << base_ << " each other contender takes:\n"
       << std::fixed << std::setprecision(2);
-  for (const std::string& measured : cases_) {
-    const Times& times = times_[measured];
+  for (const Line& line : lines_) {
+    const Times& times = times_[line.measured];
     const auto base_time = times.find(base_);
     if (base_time == times.end()) continue;
-    out << std::left << std::setw(32) << measured << std::right;
+    out << std::left << std::setw(40) << line.measured << std::right;
     for (const auto& [contender, time] : times) {
       if (contender == base_time->first) continue;
       out << std::setw(12) << contender << std::setw(9) << time / base_time->second;
     }
+    PrintGoal(line, times, base_time->second);
     out << '\n';
   }
+}
+
+void RatioTable::PrintGoal(const Line& line, const Times& times, double base_time) {
+  const auto rival_time = times.find(line.rival);
+  if (line.goal == 0 || rival_time == times.end()) return;
+  GetOutputStream() << "  goal: " << line.rival << ' ' << line.goal
+                    << (rival_time->second < line.goal * base_time ? " missed" : "");
 }
 
 }  // namespace kiv::bench

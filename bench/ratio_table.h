@@ -11,12 +11,20 @@ namespace kiv::bench {
 
 // Prints no times but one line per case, with the ratios of every other contender's time to that of
 // the contender named `base`. Benchmarks are named by their case, "/" and the contender. Of
-// several repetitions the fastest counts, which other work on the machine disturbed least.
+// several repetitions the fastest counts, which other work on the machine disturbed least. A case
+// may have a goal for the ratio of one contender, its rival: that stands at the end of the line,
+// with the word "missed" when the ratio is less.
 class RatioTable : public benchmark::BenchmarkReporter {
  public:
-  // `cases` in the order of the lines; one of which nothing was measured has no line.
-  RatioTable(std::vector<std::string> cases, std::string base)
-      : cases_(std::move(cases)), base_(std::move(base)) {}
+  struct Line {
+    std::string measured;
+    std::string rival = {};
+    double goal = 0;  // 0 for none
+  };
+
+  // In the order of the lines; a case of which nothing was measured has none.
+  RatioTable(std::vector<Line> lines, std::string base)
+      : lines_(std::move(lines)), base_(std::move(base)) {}
 
   bool ReportContext(const Context& context) override;
   void ReportRuns(const std::vector<Run>& runs) override;
@@ -28,7 +36,9 @@ class RatioTable : public benchmark::BenchmarkReporter {
  private:
   using Times = std::map<std::string, double>;  // processor time by contender
 
-  std::vector<std::string> cases_;
+  void PrintGoal(const Line& line, const Times& times, double base_time);
+
+  std::vector<Line> lines_;
   std::string base_;
   std::map<std::string, Times> times_;
   bool succeeded_ = true;

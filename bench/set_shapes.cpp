@@ -16,12 +16,12 @@ std::vector<std::int32_t> RandomSet(const Shape& shape, std::int32_t from, std::
   return values;
 }
 
-std::vector<std::int32_t> RandomHalf(const std::vector<std::int32_t>& values,
+std::vector<std::int32_t> RandomPart(const std::vector<std::int32_t>& values, unsigned n,
                                      std::mt19937& random) {
-  std::vector<std::int32_t> half;
-  std::copy_if(values.begin(), values.end(), std::back_inserter(half),
-               [&](std::int32_t) { return random() % 2 == 0; });
-  return half;
+  std::vector<std::int32_t> part;
+  std::copy_if(values.begin(), values.end(), std::back_inserter(part),
+               [&](std::int32_t) { return random() % n == 0; });
+  return part;
 }
 
 }  // namespace kiv::bench

@@ -26,7 +26,8 @@ struct Shape {
 // `shape.size` values, ascending, from a window of the shape that begins at `from`.
 std::vector<std::int32_t> RandomSet(const Shape& shape, std::int32_t from, std::mt19937& random);
 
-// About one in two of `values`; in their order.
-std::vector<std::int32_t> RandomHalf(const std::vector<std::int32_t>& values, std::mt19937& random);
+// About one in `n` of `values`; in their order.
+std::vector<std::int32_t> RandomPart(const std::vector<std::int32_t>& values, unsigned n,
+                                     std::mt19937& random);
 
 }  // namespace kiv::bench

@@ -49,6 +49,7 @@ function(kiv_library target alias output)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_options(${target} PRIVATE $<$<NOT:$<BOOL:${KIV_SANITIZE}>>:-Wl,--no-undefined>)
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${output} EXPORT_NAME ${alias})
-  install(TARGETS ${target} EXPORT KivTargets LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+  install(TARGETS ${target} EXPORT KivTargets
+          LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT libraries
           ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
 endfunction()

@@ -2,6 +2,7 @@
 // a network owns announces its first write, and is saved then.
 
 #include <algorithm>
+#include <cstring>
 
 #include "enum_integers/domain/enum_integer.h"
 
@@ -75,17 +76,16 @@ void KivOmbEnumInteger::BecomeEmpty(int flag) {
   self.anyFlag = flag;
 }
 
-// Takes over values and flag; becomes Nil when there is no memory for the values.
-void KivOmbEnumInteger::Become(const KivSVectorImp_SubIntBase& new_values, int flag) {
-  const unsigned count = new_values.Count();
-  if (count == 0) return BecomeEmpty(flag);
-  if (anyFlag == flag && Count() == count &&
-      std::equal(&values[0], &values[0] + count, &new_values[0])) {
-    return;
-  }
+// Takes over values, flag and growth step; becomes Nil when there is no memory for the values.
+void KivOmbEnumInteger::Become(kiv::kernels::Values new_values, int flag, unsigned delta) {
+  if (new_values.empty()) return BecomeEmpty(flag);
+  if (anyFlag == flag && std::ranges::equal(View(), new_values)) return;
   KivOmbEnumInteger& self = Writable();
-  self.values = new_values;
-  self.anyFlag = Count() == count ? flag : 0;
+  const auto count = static_cast<unsigned>(new_values.size());
+  SubIntBase* const slots = self.values.Overwrite(count, delta);
+  if (slots == nullptr) return BecomeEmpty(0);
+  std::memcpy(static_cast<void*>(slots), new_values.data(), new_values.size_bytes());
+  self.anyFlag = flag;
 }
 
 // Becomes every integer from `lower` to `upper`, inserted into Nil one by one.
@@ -102,15 +102,23 @@ void KivOmbEnumInteger::BecomeRange(std::int32_t lower, std::int32_t upper) {
 // Keeps the values at the positions `first` .. `end` - 1; the leftover flag stays.
 void KivOmbEnumInteger::Keep(unsigned first, unsigned end) {
   if (first == 0 && end >= Count()) return;
-  KivOmbEnumInteger& self = Writable();
-  self.values.DetachAt(end, Count());
-  self.values.DetachAt(0, first);
+  Writable().values.Keep(first, std::max(first, std::min(end, Count())));
+}
+
+// Keeps the values of the range; Nil when there are none.
+int KivOmbEnumInteger::KeepBetween(std::int32_t lowest, std::int32_t highest) {
+  if (GetFirstL() >= lowest && GetLastU() <= highest) return 0;
+  const unsigned first = CountBelow(lowest);
+  const unsigned end = CountUpTo(highest);
+  if (first >= end) return Nil();
+  Keep(first, end);
+  return 1;
 }
 
 // The end of an intersection: `kept` are those of this domain's values that stay.
-int KivOmbEnumInteger::NarrowTo(const KivSVectorImp_SubIntBase& kept) {
-  if (kept.Count() == Count()) return 0;
-  if (kept.Count() == 0) return Nil();
-  Become(kept, anyFlag);
+int KivOmbEnumInteger::NarrowTo(kiv::kernels::Values kept) {
+  if (kept.size() == Count()) return 0;
+  if (kept.empty()) return Nil();
+  Become(kept, anyFlag, GetDelta());
   return 1;
 }

@@ -38,16 +38,14 @@ int ForwardEntry(KivOmbEnumInteger& target, const KivOmbiAny& x, Core core) {
   return operand->CheckNil() ? target.Nil() : core(*operand);
 }
 
-// target = a op b. `core(a, b)` narrows the target. It works on copies of the operands, which may
-// be the target itself.
+// target = a op b. `core(a, b)` narrows the target. The operands may be the target itself: a core
+// writes to its target only when it has read all that it needs of the others.
 template <class Core>
 int ForwardEntry(KivOmbEnumInteger& target, const KivOmbiAny& a, const KivOmbiAny& b, Core core) {
-  KivOmbEnumInteger first;
-  KivOmbEnumInteger second;
-  first.Assign(a);
-  second.Assign(b);
   if (target.CheckNil()) return 0;
-  return first.CheckNil() || second.CheckNil() ? target.Nil() : core(first, second);
+  const EnumeratedOperand first(a);
+  const EnumeratedOperand second(b);
+  return first->CheckNil() || second->CheckNil() ? target.Nil() : core(*first, *second);
 }
 
 // known op x. `core(x)` narrows x, an enumerated domain or a single integer. An enumerated x meets
@@ -107,23 +105,26 @@ int FirstInverseEntry(const KivOmbEnumInteger& result, KivOmbiAny& x, const KivO
 }
 
 // result = x op y, with the target y. `core(x, y)` narrows y, an enumerated domain; it is not asked
-// when `result` or x is Any. A target of any kind is narrowed by what the core leaves of its
+// when `result` or x is Any. A target of another kind is narrowed by what the core leaves of its
 // conversion.
 template <class Core>
 int SecondInverseEntry(const KivOmbEnumInteger& result, const KivOmbiAny& x, KivOmbiAny& y,
                        Core core) {
   const EnumeratedOperand known(x);
+  if (auto* const domain = KivOmbEnumInteger::DynamicCast(&y)) {
+    if (domain->CheckNil()) return 0;
+    if (known->CheckNil() || result.CheckNil()) return domain->Nil();
+    return known->CheckAny() || result.CheckAny() ? 0 : core(*known, *domain);
+  }
   KivOmbEnumInteger narrowed;
   narrowed.Assign(y);
-  const auto narrow = [&](auto& target) {
-    if (target.CheckNil()) return 0;
-    if (known->CheckNil() || result.CheckNil()) return target.Nil();
+  if (auto* const single = KivOmbSingleInteger::DynamicCast(&y)) {
+    if (single->CheckNil()) return 0;
+    if (known->CheckNil() || result.CheckNil()) return single->Nil();
     if (known->CheckAny() || result.CheckAny()) return 0;
     core(*known, narrowed);
-    return narrowed.CalcInverseEqualValue(target);
-  };
-  if (auto* const domain = KivOmbEnumInteger::DynamicCast(&y)) return narrow(*domain);
-  if (auto* const single = KivOmbSingleInteger::DynamicCast(&y)) return narrow(*single);
+    return narrowed.IntersectInverse(*single);
+  }
   if (y.IsNil()) return 0;
   if (x.IsNil() || result.CheckNil()) {
     y.SetNilValue();

@@ -8,10 +8,6 @@ std::uint32_t KivOmbEnumInteger::sMAX_CARD = 0;
 
 namespace {
 
-// Room for 21 values, growing by 20.
-constexpr unsigned kRoom = 20;
-constexpr unsigned kStep = 20;
-
 // 32-bit arithmetic that wraps.
 std::int32_t Wrapped(std::int32_t v, std::uint32_t step) {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(v) + step);
@@ -52,7 +48,7 @@ KivOmbEnumInteger::KivOmbEnumInteger(const KivOmbEnumInteger& other)
       anyFlag(values.Count() == other.Count() ? other.anyFlag : 0) {}
 
 KivOmbEnumInteger& KivOmbEnumInteger::operator=(const KivOmbEnumInteger& other) {
-  Become(other.values, other.anyFlag);
+  Become(other.View(), other.anyFlag, other.GetDelta());
   return *this;
 }
 
@@ -60,7 +56,8 @@ KivOmbEnumInteger& KivOmbEnumInteger::operator=(const KivOmbSingleInteger& singl
   if (single.CheckNil()) {
     Nil();
   } else if (single.CheckAny()) {
-    Become(KivOmbEnumInteger(single.GetUnicalcValue(), 0).values, 0);
+    const std::int32_t v = single.GetValue();
+    Become({&v, 1}, 0, kStep);
   } else {
     Any();
   }
@@ -123,14 +120,11 @@ std::int32_t KivOmbEnumInteger::GetPrevExactValue(std::int32_t v) const {
   return i == 0 ? Wrapped(v, ~0u) : GetValue(i - 1);
 }
 
-// How many values are below `v`.
-unsigned KivOmbEnumInteger::CountBelow(SubIntBase v) const {
-  const unsigned least_from = values.FindUpperBound(v, 0);
-  return least_from < Count() ? least_from : Count();
-}
-
-// How many values are at most `v`.
+// How many values are at most `v`; of two infinities behind each other, those up to the one that
+// the search of the storage meets.
 unsigned KivOmbEnumInteger::CountUpTo(SubIntBase v) const {
-  const unsigned greatest_to = values.FindLowerBound(v, 0);
-  return greatest_to < Count() ? greatest_to + 1 : 0;
+  const unsigned below = CountBelow(v);
+  if (below == Count() || values[below] != v) return below;
+  const bool is_alone = below + 1 == Count() || values[below + 1] != v;
+  return is_alone ? below + 1 : values.FindLowerBound(v, 0) + 1;
 }

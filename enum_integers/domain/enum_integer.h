@@ -2,7 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
+#include "enum_integers/kernels/search.h"
+#include "enum_integers/kernels/values.h"
 #include "enum_integers/storage/value_vector.h"
 #include "framework/abstract_types/integer.h"
 #include "framework/calculator/descriptor.h"
@@ -104,7 +107,9 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   std::int32_t GetFirstL() const { return Count() > 0 ? GetValue(0) : 0; }
   std::int32_t GetLastU() const { return Count() > 0 ? GetValue(Count() - 1) : 0; }
   // 1 when `v` is one of the listed values.
-  int Contains(std::int32_t v) const { return values.Find(v) < values.Count(); }
+  int Contains(std::int32_t v) const {
+    return kiv::kernels::Contains(View(), SubIntBase(v).GetValue());
+  }
   // 0 for Nil, all bits set for Any.
   std::uint32_t GetCardinality() const override;
   std::int32_t GetLowerBound() const override;
@@ -281,6 +286,10 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
  private:
   static const char* const sIdent;
 
+  // Storage has room for 21 values, and grows by 20.
+  static constexpr unsigned kRoom = 20;
+  static constexpr unsigned kStep = 20;
+
   // The one way to the members for writing: tells the network that owns the domain first. An
   // operation that changes nothing does not come here.
   KivOmbEnumInteger& Writable() {
@@ -288,12 +297,24 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
     return *this;
   }
   void BecomeEmpty(int flag);
-  void Become(const KivSVectorImp_SubIntBase& new_values, int flag);
+  void Become(kiv::kernels::Values new_values, int flag, unsigned delta);
   void BecomeRange(std::int32_t lower, std::int32_t upper);
   void Keep(unsigned first, unsigned end);
-  int NarrowTo(const KivSVectorImp_SubIntBase& kept);
-  void Shift(SubIntBase step);
-  unsigned CountBelow(SubIntBase v) const;
+  int KeepBetween(std::int32_t lowest, std::int32_t highest);
+  template <class Holds>
+  int KeepIf(Holds holds);
+  int IntersectWith(kiv::kernels::Values others);
+  int IntersectWithImage(kiv::kernels::Values image, const KivOmbEnumInteger& source);
+  int IntersectWithUnion(kiv::kernels::Values a, kiv::kernels::Values b, std::int32_t lowest,
+                         std::int32_t highest, std::pair<unsigned, unsigned> deltas);
+  static void MirrorInto(std::int32_t* out, kiv::kernels::Values values);
+  int IntersectWithShifted(kiv::kernels::Values of_source, SubIntBase step,
+                           const KivOmbEnumInteger& source);
+  int NarrowTo(kiv::kernels::Values kept);
+  template <class Collection>
+  int NarrowToCollection(const Collection& collection);
+  kiv::kernels::Values View() const { return kiv::kernels::ValuesOf(values); }
+  unsigned CountBelow(SubIntBase v) const { return kiv::kernels::CountBelow(View(), v.GetValue()); }
   unsigned CountUpTo(SubIntBase v) const;
 
   KivSVectorImp_SubIntBase values;  // ascending; plus infinity alone may stand twice

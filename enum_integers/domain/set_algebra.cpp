@@ -1,47 +1,65 @@
 // Intersection, union and negation of enumerated domains: single merges over ascending values. A
-// result is built beside the domain and replaces its values only when it differs. A value that
-// finds no memory there is left out.
+// result is built beside the domain and replaces its values only when it differs. Without memory
+// for it the domain becomes Nil.
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 
 #include "enum_integers/domain/enum_integer.h"
+#include "enum_integers/domain/narrowing.h"
+#include "enum_integers/kernels/merging.h"
+#include "enum_integers/kernels/scratch.h"
 
-namespace {
-
-// The values that `a` and `b` have in common and that `accept` takes, added to `common`.
-template <class Accept>
-void MergeCommon(const KivSVectorImp_SubIntBase& a, const KivSVectorImp_SubIntBase& b,
-                 Accept accept, KivSVectorImp_SubIntBase& common) {
-  unsigned i = 0;
-  unsigned j = 0;
-  while (i < a.Count() && j < b.Count()) {
-    if (a[i] < b[j]) {
-      ++i;
-    } else if (b[j] < a[i]) {
-      ++j;
-    } else {
-      if (accept(a[i])) common.Add(a[i]);
-      ++i;
-      ++j;
-    }
-  }
-}
-
-}  // namespace
+using kiv::kernels::Scratch;
+using kiv::kernels::Values;
 
 int KivOmbEnumInteger::Intersect(const KivOmbEnumInteger& other) {
   if (CheckNil()) return 0;
   if (other.CheckNil()) return Nil();
   if (other.CheckAny()) return 0;
-  if (CheckAny()) {
-    Become(other.values, other.anyFlag);
-    return 1;
+  return IntersectWithImage(other.View(), other);
+}
+
+// With the values of `image`, at least one, that were made of those of `source`: its leftover flag
+// and its growth step go with them.
+int KivOmbEnumInteger::IntersectWithImage(Values image, const KivOmbEnumInteger& source) {
+  if (CheckNil()) return 0;
+  if (!CheckAny()) return IntersectWith(image);
+  Become(image, source.anyFlag, source.GetDelta());
+  return 1;
+}
+
+// With the values of `others`, at least one, for a domain that holds values.
+int KivOmbEnumInteger::IntersectWith(Values others) {
+  const Values mine = View();
+  if (kiv::kernels::IsInterval(others) && !kiv::kernels::EndsWithTwins(mine)) {
+    return KeepBetween(others.front(), others.back());
   }
-  KivSVectorImp_SubIntBase common(Count(), GetDelta(), 0);
-  MergeCommon(
-      values, other.values, [](SubIntBase) { return true; }, common);
-  return NarrowTo(common);
+  Scratch common(mine.size() + kiv::kernels::kSlack);
+  if (common.Get() == nullptr) return Nil();
+  return NarrowTo({common.Get(), kiv::kernels::Intersect(mine, others, common.Get())});
+}
+
+// With those values from `lowest` to `highest` that are in `a` or `b`, united as two domains with
+// growth steps `deltas` are: when there are too many for that, nothing is known, and an Any domain
+// stays when none is in the range.
+int KivOmbEnumInteger::IntersectWithUnion(Values a, Values b, std::int32_t lowest,
+                                          std::int32_t highest,
+                                          std::pair<unsigned, unsigned> deltas) {
+  if (CheckNil()) return 0;
+  if (a.empty() && b.empty()) return Nil();
+  const Scratch scratch(a.size() + b.size() + kiv::kernels::kSlack);
+  if (scratch.Get() == nullptr) return Nil();
+  const Values both(scratch.Get(), kiv::kernels::Unite(a, b, scratch.Get()));
+  const bool grows = !a.empty() && both.size() != a.size();
+  if (grows && both.size() >= sMAX_CARD) return 0;
+  const auto first = std::lower_bound(both.begin(), both.end(), lowest);
+  const Values accepted(first, std::upper_bound(first, both.end(), highest));
+  if (!CheckAny()) return accepted.empty() ? Nil() : IntersectWith(accepted);
+  if (accepted.empty()) return 0;
+  Become(accepted, 0, a.empty() ? deltas.second : deltas.first + (grows ? deltas.second : 0));
+  return 1;
 }
 
 int KivOmbEnumInteger::Intersect(const KivOmbSingleInteger& single) {
@@ -86,17 +104,24 @@ int KivOmbEnumInteger::Intersect(const KivOmbEnumInteger& other, ValueFilter fil
   if (CheckNil()) return 0;
   if (other.CheckNil()) return Nil();
   if (other.CheckAny()) return 0;
-  const auto accept = [=](const SubIntBase& v) { return filter(v, context) != 0; };
-  KivSVectorImp_SubIntBase accepted(other.Count(), other.GetDelta(), 0);
-  if (!CheckAny()) {
-    MergeCommon(values, other.values, accept, accepted);
-    return NarrowTo(accepted);
+  Scratch accepted(other.Count());
+  if (accepted.Get() == nullptr) return Nil();
+  std::int32_t* end = accepted.Get();
+  unsigned i = 0;
+  for (const std::int32_t v : other.View()) {
+    if (!CheckAny()) {
+      // One of mine for one of theirs, as in every intersection.
+      while (i < Count() && GetValue(i) < v) ++i;
+      if (i == Count()) break;
+      if (GetValue(i) != v) continue;
+      ++i;
+    }
+    if (filter(v, context) != 0) *end++ = v;
   }
-  for (unsigned i = 0; i < other.Count(); ++i) {
-    if (accept(other.values[i])) accepted.Add(other.values[i]);
-  }
-  if (accepted.Count() == 0) return 0;
-  Become(accepted, 0);
+  const Values kept(accepted.Get(), end);
+  if (!CheckAny()) return NarrowTo(kept);
+  if (kept.empty()) return 0;
+  Become(kept, 0, other.GetDelta());
   return 1;
 }
 
@@ -130,29 +155,25 @@ int KivOmbEnumInteger::IntersectInverse(KivOmbIntervalInteger& interval) const {
 void KivOmbEnumInteger::Unite(const KivOmbEnumInteger& other) {
   if (CheckAny() || other.CheckNil()) return;
   if (other.CheckAny()) return Any();
-  if (CheckNil()) return Become(other.values, other.anyFlag);
-  KivSVectorImp_SubIntBase both(Count() + other.Count(), GetDelta() + other.GetDelta(), 0);
-  unsigned i = 0;
-  unsigned j = 0;
-  while (i < Count() && j < other.Count()) {
-    const SubIntBase mine = values[i];
-    const SubIntBase theirs = other.values[j];
-    both.Add(mine < theirs ? mine : theirs);
-    i += mine <= theirs;
-    j += theirs <= mine;
-  }
-  for (; i < Count(); ++i) both.Add(values[i]);
-  for (; j < other.Count(); ++j) both.Add(other.values[j]);
-  if (both.Count() == Count()) return;
+  if (CheckNil()) return Become(other.View(), other.anyFlag, other.GetDelta());
+  Scratch both(Count() + other.Count() + kiv::kernels::kSlack);
+  if (both.Get() == nullptr) return BecomeEmpty(0);
+  const unsigned count = kiv::kernels::Unite(View(), other.View(), both.Get());
+  if (count == Count()) return;
   // Insertion allows as many values as the cap, a union one less.
-  if (both.Count() >= sMAX_CARD) return Any();
-  Become(both, anyFlag);
+  if (count >= sMAX_CARD) return Any();
+  Become({both.Get(), count}, anyFlag, GetDelta() + other.GetDelta());
 }
 
 void KivOmbEnumInteger::Unite(const KivOmbSingleInteger& single) {
   if (CheckAny() || single.CheckNil()) return;
   if (single.CheckAny()) return Any();
   Insert(single.GetValue());
+}
+
+// Writes the negated values, ascending.
+void KivOmbEnumInteger::MirrorInto(std::int32_t* out, Values values) {
+  std::transform(values.rbegin(), values.rend(), out, std::negate());
 }
 
 void KivOmbEnumInteger::Minus() {

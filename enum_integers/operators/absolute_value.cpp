@@ -1,43 +1,40 @@
-// z = abs(x). A domain is split at zero and its halves are mirrored and united. The halves keep its
-// leftover flag: one that loses all values falls into the state that the flag names, and when that
-// is Any, so is the union, which says nothing of the target.
+// z = abs(x). The values below zero are mirrored and united with the others.
 
 #include <cstdlib>
 
 #include "enum_integers/domain/entry_frames.h"
 #include "enum_integers/domain/enum_integer.h"
+#include "enum_integers/kernels/scratch.h"
 
-namespace {
+using kiv::kernels::Scratch;
+using kiv::kernels::Values;
 
-// A target that was Any takes the values without the leftover flag of their source, unlike in the
-// plain intersection.
-int AcceptAll(const SubIntBase&, void*) { return 1; }
-
-}  // namespace
-
+// The values on either side of zero are taken for domains with the leftover flag of their source:
+// when there are none, the flag says what that side is, and if it is Any, nothing is known of z.
 int KivOmbEnumInteger::CalcAbsoluteValue(const KivOmbEnumInteger& x) {
   // When nothing is known of x, z is narrowed by its own absolute values: to those not negative.
   const KivOmbEnumInteger& source = x.CheckAny() ? *this : x;
+  if (source.Count() == 0) return Intersect(source);
   const unsigned negatives = source.CountBelow(0);
-  KivOmbEnumInteger mirrored(source);
-  mirrored.Keep(0, negatives);
-  mirrored.Minus();
-  KivOmbEnumInteger others(source);
-  others.Keep(negatives, source.Count());
-  mirrored.Unite(others);
-  return Intersect(mirrored, AcceptAll, nullptr);
+  const bool is_one_sided = negatives == 0 || negatives == source.Count();
+  if (is_one_sided && source.anyFlag == 1) return 0;
+  const Scratch mirrored(negatives);
+  if (mirrored.Get() == nullptr) return Nil();
+  MirrorInto(mirrored.Get(), source.View().first(negatives));
+  return IntersectWithUnion({mirrored.Get(), negatives}, source.View().subspan(negatives),
+                            SubIntBase::kMin, SubIntBase::kMax,
+                            {source.GetDelta(), source.GetDelta()});
 }
 
 int KivOmbEnumInteger::CalcInverseAbsoluteValue(KivOmbEnumInteger& x) const {
   if (CheckAny()) return 0;
-  const unsigned negatives = CountBelow(0);
-  if (negatives == Count()) return x.Nil();
-  KivOmbEnumInteger candidates(*this);
-  candidates.Keep(negatives, Count());
-  KivOmbEnumInteger mirrored(candidates);
-  mirrored.Minus();
-  candidates.Unite(mirrored);
-  return x.Intersect(candidates, AcceptAll, nullptr);
+  const Values candidates = View().subspan(CountBelow(0));
+  if (candidates.empty()) return x.Nil();
+  const Scratch mirrored(candidates.size());
+  if (mirrored.Get() == nullptr) return x.Nil();
+  MirrorInto(mirrored.Get(), candidates);
+  return x.IntersectWithUnion(candidates, {mirrored.Get(), candidates.size()}, SubIntBase::kMin,
+                              SubIntBase::kMax, {GetDelta(), GetDelta()});
 }
 
 int KivOmbEnumInteger::CalcInverseAbsoluteValue(KivOmbSingleInteger& x) const {

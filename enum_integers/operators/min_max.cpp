@@ -6,31 +6,21 @@
 #include "enum_integers/domain/entry_frames.h"
 #include "enum_integers/domain/enum_integer.h"
 
-namespace {
-
-int IsAtMost(const SubIntBase& value, void* bound) {
-  return value <= *static_cast<const SubIntBase*>(bound);
-}
-
-int IsAtLeast(const SubIntBase& value, void* bound) {
-  return value >= *static_cast<const SubIntBase*>(bound);
-}
-
-}  // namespace
-
 // The minimum is a value of one argument, and at most the greatest value of either.
 int KivOmbEnumInteger::CalcMinValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y) {
   if (x.CheckAny()) return CalcLessOrEqualValue(y);
   if (y.CheckAny()) return CalcLessOrEqualValue(x);
-  SubIntBase bound = std::min(x.GetLastU(), y.GetLastU());
-  return Intersect(x, y, IsAtMost, &bound);
+  const SubIntBase bound = std::min(x.GetLastU(), y.GetLastU());
+  return IntersectWithUnion(x.View(), y.View(), SubIntBase::kMin, bound.GetValue(),
+                            {x.GetDelta(), y.GetDelta()});
 }
 
 int KivOmbEnumInteger::CalcMaxValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y) {
   if (x.CheckAny()) return CalcNotLessValue(y);
   if (y.CheckAny()) return CalcNotLessValue(x);
-  SubIntBase bound = std::max(x.GetFirstL(), y.GetFirstL());
-  return Intersect(x, y, IsAtLeast, &bound);
+  const SubIntBase bound = std::max(x.GetFirstL(), y.GetFirstL());
+  return IntersectWithUnion(x.View(), y.View(), bound.GetValue(), SubIntBase::kMax,
+                            {x.GetDelta(), y.GetDelta()});
 }
 
 int KivOmbEnumInteger::CalcFirstInverseMinValue(KivOmbEnumInteger& x,

@@ -2,11 +2,14 @@
 
 #include "enum_integers/domain/entry_frames.h"
 #include "enum_integers/domain/enum_integer.h"
+#include "enum_integers/kernels/scratch.h"
 
 int KivOmbEnumInteger::CalcNegativeValue(const KivOmbEnumInteger& x) {
-  KivOmbEnumInteger mirrored(x);
-  mirrored.Minus();
-  return Intersect(mirrored);
+  if (x.Count() == 0) return Intersect(x);
+  const kiv::kernels::Scratch mirrored(x.Count());
+  if (mirrored.Get() == nullptr) return Nil();
+  MirrorInto(mirrored.Get(), x.View());
+  return IntersectWithImage({mirrored.Get(), x.Count()}, x);
 }
 
 int KivOmbEnumInteger::CalcInverseNegativeValue(KivOmbEnumInteger& x) const {

@@ -2,8 +2,11 @@
 // infinities: plus infinity is its own successor, and so a set that also holds its predecessor has
 // it twice, but minus infinity has no predecessor.
 
+#include <algorithm>
+
 #include "enum_integers/domain/entry_frames.h"
 #include "enum_integers/domain/enum_integer.h"
+#include "enum_integers/kernels/scratch.h"
 
 namespace {
 
@@ -14,9 +17,8 @@ constexpr std::int32_t kMax = KivOmbSingleInteger::sNC_INT_MAX;
 
 int KivOmbEnumInteger::CalcNextValue(const KivOmbEnumInteger& x) {
   if (x.CheckNil()) return Nil();
-  KivOmbEnumInteger successors(x);
-  successors.Shift(1);
-  return Intersect(successors);
+  if (x.CheckAny()) return 0;
+  return IntersectWithShifted(x.View(), 1, x);
 }
 
 int KivOmbEnumInteger::CalcInverseNextValue(KivOmbEnumInteger& x) const {
@@ -26,11 +28,9 @@ int KivOmbEnumInteger::CalcInverseNextValue(KivOmbEnumInteger& x) const {
     x.Keep(0, x.Count() - 1);
     return 1;
   }
-  KivOmbEnumInteger predecessors(*this);
-  if (GetFirstL() == kMin) predecessors.Keep(1, Count());
-  if (predecessors.Count() == 0) return x.Nil();
-  predecessors.Shift(-1);
-  return x.Intersect(predecessors);
+  const kiv::kernels::Values with_predecessor = View().subspan(GetFirstL() == kMin ? 1 : 0);
+  if (with_predecessor.empty()) return x.Nil();
+  return x.IntersectWithShifted(with_predecessor, -1, *this);
 }
 
 int KivOmbEnumInteger::CalcInverseNextValue(KivOmbSingleInteger& x) const {
@@ -49,8 +49,12 @@ int KivOmbEnumInteger::CalcInverseNextValue(KivOmbiScalar& x) const {
   return kiv::InverseEntry(*this, x, [this](auto& y) { return CalcInverseNextValue(y); });
 }
 
-// Adds `step` to every value, saturating.
-void KivOmbEnumInteger::Shift(SubIntBase step) {
-  KivOmbEnumInteger& self = Writable();
-  for (unsigned i = 0; i < Count(); ++i) self.values[i] += step;
+// With the values, one at least, of `source` moved by `step`, saturating.
+int KivOmbEnumInteger::IntersectWithShifted(kiv::kernels::Values of_source, SubIntBase step,
+                                            const KivOmbEnumInteger& source) {
+  const kiv::kernels::Scratch shifted(of_source.size());
+  if (shifted.Get() == nullptr) return Nil();
+  std::transform(of_source.begin(), of_source.end(), shifted.Get(),
+                 [step](std::int32_t v) { return base_plus(v, step).GetValue(); });
+  return IntersectWithImage({shifted.Get(), of_source.size()}, source);
 }

@@ -2,23 +2,29 @@
 
 #include "enum_integers/domain/entry_frames.h"
 #include "enum_integers/domain/enum_integer.h"
-#include "enum_integers/operators/pairwise_collection.h"
+#include "enum_integers/domain/narrowing.h"
+#include "enum_integers/kernels/sums.h"
 
 int KivOmbEnumInteger::CalcSumValue(const KivOmbEnumInteger& x, const KivOmbEnumInteger& y) {
   if (x.CheckAny() || y.CheckAny()) return 0;
-  return Intersect(kiv::CollectPairs(x, y, base_plus));
+  return kiv::kernels::CollectSums(x.View(), y.View(), sMAX_CARD,
+                                   [this](const auto& sums) { return NarrowToCollection(sums); });
 }
 
 int KivOmbEnumInteger::CalcFirstInverseSumValue(KivOmbEnumInteger& x,
                                                 const KivOmbEnumInteger& y) const {
   if (y.CheckAny()) return 0;
-  return x.Intersect(kiv::CollectPairs(*this, y, base_minus));
+  return kiv::kernels::CollectDifferences(
+      View(), y.View(), sMAX_CARD,
+      [&x](const auto& differences) { return x.NarrowToCollection(differences); });
 }
 
 int KivOmbEnumInteger::CalcFirstInverseSumValue(KivOmbSingleInteger& x,
                                                 const KivOmbEnumInteger& y) const {
   if (y.CheckAny()) return 0;
-  return kiv::CollectPairs(*this, y, base_minus).IntersectInverse(x);
+  return kiv::kernels::CollectDifferences(
+      View(), y.View(), sMAX_CARD,
+      [&x](const auto& differences) { return kiv::NarrowSingleTo(x, differences); });
 }
 
 int KivOmbEnumInteger::CalcSumValue(const KivOmbiNumber& x, const KivOmbiNumber& y) {

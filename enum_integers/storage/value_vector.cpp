@@ -99,10 +99,6 @@ int KivSVectorImp_SubIntBase::IsEmpty() const { return top_ == 0; }
 
 void KivSVectorImp_SubIntBase::Flush() { top_ = 0; }
 
-unsigned KivSVectorImp_SubIntBase::Count() const { return top_; }
-unsigned KivSVectorImp_SubIntBase::Top() const { return top_; }
-unsigned KivSVectorImp_SubIntBase::GetDelta() const { return delta_; }
-
 // The least size of at least `least` in the proportional growth from the present one; as large as
 // it may be, beyond 32 bits too.
 std::uint64_t KivSVectorImp_SubIntBase::ProportionalLimit(std::uint64_t least) const {
@@ -143,4 +139,15 @@ int KivSVectorImp_SubIntBase::Resize(unsigned limit) {
   limit_ = static_cast<unsigned>(grown);
   good_ = 1;
   return 1;
+}
+
+// Takes new storage with room for `count` values and one more; false when there is no memory.
+bool KivSVectorImp_SubIntBase::Replace(unsigned count) noexcept {
+  SubIntBase* const slots = kiv::TakeSlots(count + 1);
+  if (slots == nullptr) return false;
+  kiv::ReturnSlots(data_, limit_);
+  data_ = slots;
+  limit_ = count + 1;
+  good_ = 1;
+  return true;
 }

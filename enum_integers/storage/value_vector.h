@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <concepts>
 #include <cstdint>
 
@@ -69,10 +70,10 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   virtual unsigned FindUpperBound(SubIntBase v, int clustered) const;
 
   // The number of values.
-  virtual unsigned Count() const;
-  virtual unsigned Top() const;
+  virtual unsigned Count() const { return top_; }
+  virtual unsigned Top() const { return top_; }
   // The growth step; 0 for a vector that grows in proportion or not at all.
-  virtual unsigned GetDelta() const;
+  virtual unsigned GetDelta() const { return delta_; }
 
   // Walks over the slots `from` .. `to` - 1, which are not checked, or over all values.
   virtual void ForEach(Visitor visit, void* context, unsigned from, unsigned to);
@@ -95,11 +96,28 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   unsigned NextDelta(unsigned n) const;
   // Grows to at least `limit` slots. 0 when the vector has as many, cannot grow or finds no memory.
   int Resize(unsigned limit);
+  // Takes `count` values for the present ones: returns the slots, which the caller fills in order.
+  // The growth step becomes `delta`. Null when there is no memory; the vector is as it was then.
+  SubIntBase* Overwrite(unsigned count, unsigned delta) noexcept {
+    if (count > limit_ && !Replace(count)) return nullptr;
+    top_ = count;
+    delta_ = delta;
+    factor_ = 0.0;
+    return data_;
+  }
+  // Keeps the values at the positions `first` .. `end` - 1, which are positions of values.
+  void Keep(unsigned first, unsigned end) noexcept {
+    if (first > 0) std::copy(data_ + first, data_ + end, data_);
+    top_ = end - first;
+  }
 
  private:
+  bool Replace(unsigned count) noexcept;
   std::uint64_t ProportionalLimit(std::uint64_t least) const;
   unsigned RoundedToStep(unsigned n) const;
   unsigned FirstOfEquals(unsigned i) const;
+  unsigned CountBelow(SubIntBase v) const;
+  unsigned BisectToEqual(SubIntBase v, unsigned first) const;
 
   SubIntBase* data_ = nullptr;
   unsigned limit_ = 0;

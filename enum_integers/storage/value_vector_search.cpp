@@ -2,8 +2,21 @@
 
 #include "enum_integers/storage/value_vector.h"
 
-unsigned KivSVectorImp_SubIntBase::Find(const SubIntBase& v) const {
-  if (top_ == 0) return limit_ + 1;
+// How many values are below `v`: a bisection without branches, because where it turns next cannot
+// be predicted.
+unsigned KivSVectorImp_SubIntBase::CountBelow(SubIntBase v) const {
+  unsigned below = 0;
+  for (unsigned n = top_; n > 0;) {
+    const unsigned half = (n + 1) / 2;
+    below += data_[below + half - 1] < v ? half : 0;
+    n -= half;
+  }
+  return below;
+}
+
+// Which of the values equal to `v`, the first of them at `first`, a bisection meets first.
+unsigned KivSVectorImp_SubIntBase::BisectToEqual(SubIntBase v, unsigned first) const {
+  if (first + 1 == top_ || data_[first + 1] != v) return first;
   unsigned low = 0;
   unsigned high = top_ - 1;
   while (low < high) {
@@ -15,7 +28,12 @@ unsigned KivSVectorImp_SubIntBase::Find(const SubIntBase& v) const {
       high = middle == 0 ? 0 : middle - 1;
     }
   }
-  return low == high && data_[low] == v ? low : limit_ + 1;
+  return low;
+}
+
+unsigned KivSVectorImp_SubIntBase::Find(const SubIntBase& v) const {
+  const unsigned i = CountBelow(v);
+  return i < top_ && data_[i] == v ? BisectToEqual(v, i) : limit_ + 1;
 }
 
 unsigned KivSVectorImp_SubIntBase::ClusteredFind(const SubIntBase& v) const {
@@ -23,49 +41,20 @@ unsigned KivSVectorImp_SubIntBase::ClusteredFind(const SubIntBase& v) const {
 }
 
 unsigned KivSVectorImp_SubIntBase::FindLowerBound(SubIntBase v, int clustered) const {
-  if (top_ == 0) return limit_ + 1;
-  unsigned below = limit_ + 1;  // the last value seen that is below v
-  unsigned low = 0;
-  unsigned high = top_ - 1;
-  while (low < high) {
-    const unsigned middle = low + (high - low) / 2;
-    if (data_[middle] == v) {
-      low = middle;
-      break;
-    }
-    if (data_[middle] < v) {
-      below = middle;
-      low = middle + 1;
-    } else {
-      if (middle == 0) break;
-      high = middle - 1;
-    }
+  unsigned found = CountBelow(v);
+  if (found < top_ && data_[found] == v) {
+    if (clustered == 0) found = BisectToEqual(v, found);
+  } else {
+    found = found > 0 ? found - 1 : limit_ + 1;
+    if (clustered != 0) found = FirstOfEquals(found);
   }
-  const unsigned found = v < data_[low] ? below : low;
-  return clustered != 0 ? FirstOfEquals(found) : found;
+  return found;
 }
 
 unsigned KivSVectorImp_SubIntBase::FindUpperBound(SubIntBase v, int clustered) const {
-  if (top_ == 0) return limit_ + 1;
-  unsigned above = limit_ + 1;  // the last value seen that is above v
-  unsigned low = 0;
-  unsigned high = top_ - 1;
-  while (low < high) {
-    const unsigned middle = low + (high - low) / 2;
-    if (data_[middle] == v) {
-      low = middle;
-      break;
-    }
-    if (data_[middle] < v) {
-      low = middle + 1;
-    } else {
-      above = middle;
-      if (middle == 0) break;
-      high = middle - 1;
-    }
-  }
-  const unsigned found = data_[low] < v ? above : low;
-  return clustered != 0 ? FirstOfEquals(found) : found;
+  const unsigned found = CountBelow(v);
+  if (found == top_) return limit_ + 1;
+  return clustered == 0 && data_[found] == v ? BisectToEqual(v, found) : found;
 }
 
 // The first of the run of equals that `i` stands in; what is no position stays as it is.

@@ -30,7 +30,7 @@ std::int64_t Magnitude(std::int64_t base, std::int64_t exponent) {
 
 // The least base from 0 whose power is `bound` or more, for a bound from 0 to kUnbounded.
 std::int64_t CeilRoot(std::int64_t bound, std::int64_t exponent) {
-  const std::int64_t bits = std::bit_width(static_cast<std::uint64_t>(bound));
+  const auto bits = static_cast<std::int64_t>(std::bit_width(static_cast<std::uint64_t>(bound)));
   std::int64_t lower = 0;
   std::int64_t upper = std::int64_t{1} << (bits / exponent + 1);
   while (lower < upper) {

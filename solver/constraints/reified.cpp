@@ -18,8 +18,32 @@ bool IsOpen(const KivOmbiObjectEnvironment& environment, unsigned i) {
   return !environment.Summary(i).IsFixed();
 }
 
-bool HasFewValues(const KivOmbiDomainSummary& summary) {
-  return IsListable(summary) && summary.cardinality <= kMostJudged;
+// Whether the ground truth can be asked about all values of an open argument.
+bool HasFewValues(const KivOmbiObjectEnvironment& environment, unsigned i) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  return environment.IsBoolean(i) || (IsListable(summary) && summary.cardinality <= kMostJudged);
+}
+
+// Calls `use(value)` for each of them.
+template <class Use>
+void ForEachOpenValue(const KivOmbiObjectEnvironment& environment, unsigned i, Use&& use) {
+  if (!environment.IsBoolean(i)) {
+    ForEachValue(environment.Integer(i), environment.Summary(i), use);
+    return;
+  }
+  use(0);
+  use(1);
+}
+
+template <class Keep>
+KivOmbiFilterResult KeepOpenIf(const KivOmbiObjectEnvironment& environment, unsigned i,
+                               Keep&& keep) {
+  if (!environment.IsBoolean(i)) return KeepIf(environment, i, keep);
+  for (const bool value : {false, true}) {
+    if (keep(value ? 1 : 0)) continue;
+    if (const auto result = SetTruth(environment, i, !value)) return result;
+  }
+  return 0;
 }
 
 }  // namespace
@@ -99,13 +123,12 @@ KivOmbiFilterResult Reified::NarrowItself(const KivOmbiObjectEnvironment& enviro
 
 KivOmbiFilterResult Reified::NarrowByValues(const KivOmbiObjectEnvironment& environment,
                                             unsigned open) {
-  const KivOmbiDomainSummary summary = environment.Summary(open);
-  if (!HasFewValues(summary)) return kKivAtFixpoint;
+  if (!HasFewValues(environment, open)) return kKivAtFixpoint;
   const auto holds = [&](std::int32_t value) { return HoldsFor(environment, open, value); };
   const auto decide = [&]() -> std::optional<bool> {
     bool some = false;
     bool all = true;
-    ForEachValue(environment.Integer(open), summary, [&](std::int32_t value) {
+    ForEachOpenValue(environment, open, [&](std::int32_t value) {
       const bool satisfies = holds(value);
       some |= satisfies;
       all &= satisfies;
@@ -114,7 +137,7 @@ KivOmbiFilterResult Reified::NarrowByValues(const KivOmbiObjectEnvironment& envi
   };
   const auto lose = [&](bool) -> KivOmbiFilterResult {
     const auto result =
-        KeepIf(environment, open, [&](std::int32_t value) { return !holds(value); });
+        KeepOpenIf(environment, open, [&](std::int32_t value) { return !holds(value); });
     return result != 0 ? result : kKivAtFixpoint;
   };
   return FilterReified(environment, environment.Count() - 1, reification_, decide, lose);

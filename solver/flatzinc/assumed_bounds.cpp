@@ -37,8 +37,8 @@ std::int32_t ChooseBound(const KivOmbNetwork& network) {
 AssumedBounds Assume(KivOmbNetwork& network, VariableId variable, std::int64_t bound) {
   const KivOmbiDomainSummary before = network.GetSummary(variable);
   AssumedBounds assumed{variable, !HasLower(before), !HasUpper(before), before.lower, before.upper};
-  if (assumed.below && !assumed.above) bound = std::max(bound, kUsualBound - before.upper);
-  if (assumed.above && !assumed.below) bound = std::max(bound, kUsualBound + before.lower);
+  if (!assumed.below) bound = std::max(bound, 2 * std::abs(std::int64_t{before.lower}));
+  if (!assumed.above) bound = std::max(bound, 2 * std::abs(std::int64_t{before.upper}));
   const auto limit = static_cast<std::int32_t>(std::min(bound, kGreatestBound));
   if (assumed.below) Impose(network, Literal::AtLeast(variable, assumed.lower = -limit));
   if (assumed.above) Impose(network, Literal::AtMost(variable, assumed.upper = limit));

@@ -22,8 +22,8 @@ std::optional<Clock::time_point> DeadlineOf(const Options& options, Clock::time_
   using std::chrono::milliseconds;
   if (!options.time_limit) return std::nullopt;
   const auto most = std::chrono::floor<milliseconds>(Clock::time_point::max() - start).count();
-  if (*options.time_limit >= static_cast<std::uint64_t>(most)) return std::nullopt;
-  return start + milliseconds(static_cast<milliseconds::rep>(*options.time_limit));
+  if (*options.time_limit >= most) return std::nullopt;
+  return start + milliseconds(*options.time_limit);
 }
 
 ExitCode Fail(const char* what, ExitCode code) {
@@ -59,7 +59,8 @@ ExitCode Main(int argc, char** argv) {
   app.footer(
       "Prints solutions as the model annotates them, each followed by a line '----------', and\n"
       "'==========' when there are no others, or no better ones. Without a solution it prints\n"
-      "'=====UNSATISFIABLE=====' or '=====UNKNOWN====='.\n"
+      "'=====UNSATISFIABLE=====' or '=====UNKNOWN=====', and '=====UNBOUNDED=====' where there is\n"
+      "always a better one.\n"
       "Examples:\n"
       "  fzn-kiv model.fzn\n"
       "  fzn-kiv -a -s model.fzn\n"

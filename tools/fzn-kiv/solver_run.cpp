@@ -17,6 +17,7 @@
 #include "solver/flatzinc/reader.h"
 #include "solver/flatzinc/search_plan.h"
 #include "solver/flatzinc/solution_text.h"
+#include "solver/flatzinc/unbounded_objective.h"
 #include "solver/language/source_text.h"
 #include "solver/search/tree_search.h"
 #include "tools/kiv/output.h"
@@ -58,6 +59,9 @@ class SolverRun {
     TellPlan(plan);
     report_.BeginSearch(MeasureModel());
     network_.SetStopFlag(&stop_);
+    network_.Propagate();
+    const auto& objective = plan.options.objective;
+    is_unbounded_ = objective && IsUnbounded(*objective, builder_, network_);
     AssumeBounds(plan.options.strategy);
     return Search(std::move(plan.options));
   }
@@ -68,8 +72,8 @@ class SolverRun {
     if (!options_.verbose) return;
     for (const std::string& remark : plan.remarks) Warn(remark);
     if (options_.threads > 1) Warn("-p is accepted, but there is one thread");
-    Say(std::to_string(network_.CountVariables()) + " variables and " +
-        std::to_string(network_.CountConstraints()) + " constraints in the network");
+    Say("the network has " + Count(network_.CountVariables(), "variable") + " and " +
+        Count(network_.CountConstraints(), "constraint"));
   }
 
   ModelSize MeasureModel() const {
@@ -116,14 +120,13 @@ class SolverRun {
     const auto objective = search.objective;
     const SearchResult result =
         TreeSearch(network_, std::move(search)).Run([&](const SearchLeaf& leaf) {
+          if (leaf.complete && is_unbounded_) return false;
           if (leaf.complete) TellSolution(objective);
           return !IsEnough() && !stop_;
         });
-    report_.Note(result.statistics);
+    NoteStatistics(result.statistics);
     TellMishap(result);
-    const bool is_complete =
-        result.end == SearchEnd::kExhausted && !has_assumptions_ && result.statistics.unknowns == 0;
-    report_.Conclude(is_complete ? Verdict::kComplete : Verdict::kOpen);
+    report_.Conclude(Judge(result));
     return result.end == SearchEnd::kViolated ? kFailure : kNormal;
   }
 
@@ -135,15 +138,29 @@ class SolverRun {
     report_.Tell(solution_, value);
   }
 
+  Verdict Judge(const SearchResult& result) const {
+    const SearchStatistics& statistics = result.statistics;
+    if (is_unbounded_ && statistics.solutions > 0) return Verdict::kUnbounded;
+    const bool is_complete =
+        result.end == SearchEnd::kExhausted && !has_assumptions_ && statistics.unknowns == 0;
+    return is_complete ? Verdict::kComplete : Verdict::kOpen;
+  }
+
   // -n goes before -a.
   bool IsEnough() const {
-    if (options_.wanted) return report_.CountSolutions() >= *options_.wanted;
+    if (options_.wanted) return std::cmp_greater_equal(report_.CountSolutions(), *options_.wanted);
     return model_.solve.goal == flatzinc::Solve::Goal::kSatisfy && !options_.all &&
            report_.CountSolutions() > 0;
   }
 
+  // What was propagated before the search counts as well.
+  void NoteStatistics(SearchStatistics statistics) {
+    statistics.propagations = network_.GetStatistics().runs;
+    report_.Note(statistics);
+  }
+
   void NoteProgress(const SearchProgress& progress) {
-    report_.Note(progress.statistics);
+    NoteStatistics(progress.statistics);
     if (!options_.verbose || Report::Clock::now() < next_progress_) return;
     next_progress_ = Report::Clock::now() + std::chrono::seconds(1);
     Say(Count(progress.statistics.nodes, "node") + ", " +
@@ -172,6 +189,7 @@ class SolverRun {
   KivOmbNetwork network_;
   flatzinc::Builder builder_;
   const flatzinc::SolutionText solution_text_;
+  bool is_unbounded_ = false;  // the objective, should there be a solution
   bool has_assumptions_ = false;
   std::string solution_;  // the text of the last one
   Report::Clock::time_point next_progress_{};

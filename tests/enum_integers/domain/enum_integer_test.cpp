@@ -183,13 +183,21 @@ TEST(EnumInteger, CheckErrorStatusTurnsAnErrorIntoNilAndClearsIt) {
 }
 
 TEST(EnumInteger, ASetWithoutMemoryForItsCopyIsCopiedAsNil) {
-  const KivOmbEnumInteger set = SetLeftAny({1, 2});
+  const KivOmbEnumInteger set = Range(1, 22);
   KivOmbEnumInteger assigned;
   const kiv::SlotMemoryLimit none(0);
   const KivOmbEnumInteger copy(set);
   assigned = set;
   EXPECT_EQ(copy.CheckNil(), 1);
   EXPECT_EQ(assigned.CheckNil(), 1);
+}
+
+TEST(EnumInteger, ASetIsAssignedWithoutMemoryWhereThereIsRoomForIt) {
+  const KivOmbEnumInteger set = Range(1, 21);
+  KivOmbEnumInteger assigned;
+  const kiv::SlotMemoryLimit none(0);
+  assigned = set;
+  EXPECT_EQ(assigned.Count(), 21u);
 }
 
 TEST(EnumInteger, AStateIsCopiedWithoutMemoryToo) {

@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "tests/enum_integers/support/kernel_paths.h"
 #include "tests/enum_integers/support/random_domains.h"
 
 namespace {
@@ -23,13 +24,16 @@ void CompareNarrowing(const reference::EnumSet& set, Operand operand, Operation 
                       Literal literal) {
   reference::EnumSet expected = set;
   const int expected_code = literal(expected, operand);
-  KivOmbEnumInteger domain = Made(set);
-  const auto x = Made(operand);
-  const int code = operation(domain, x);
-  ASSERT_EQ(code, expected_code) << testing::PrintToString(set) << testing::PrintToString(operand);
-  ASSERT_EQ(Read(domain), expected)
-      << testing::PrintToString(set) << testing::PrintToString(operand);
-  ASSERT_EQ(Read(x), operand);
+  ForEachKernelPath([&] {
+    KivOmbEnumInteger domain = Made(set);
+    const auto x = Made(operand);
+    const int code = operation(domain, x);
+    ASSERT_EQ(code, expected_code)
+        << testing::PrintToString(set) << testing::PrintToString(operand);
+    ASSERT_EQ(Read(domain), expected)
+        << testing::PrintToString(set) << testing::PrintToString(operand);
+    ASSERT_EQ(Read(x), operand);
+  });
 }
 
 // The same for an inverse, which narrows the operand.

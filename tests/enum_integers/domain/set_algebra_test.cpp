@@ -307,17 +307,22 @@ TEST(Minus, LeavesAnyAndNil) {
   EXPECT_EQ(domain.CheckNil(), 1);
 }
 
-TEST(SetAlgebra, LeavesOutValuesThatFindNoMemory) {
+TEST(SetAlgebra, IntersectsWithoutMemory) {
   KivOmbEnumInteger domain = Set({1, 2, 3});
-  {
-    const kiv::SlotMemoryLimit none(0);
-    EXPECT_EQ(domain.Intersect(Set({})), 1);
-    EXPECT_EQ(domain.CheckNil(), 1);
-  }
-  domain = Set({1, 2, 3});
-  const KivOmbEnumInteger other = Set({2, 3, 4});
+  const KivOmbEnumInteger other = Set({2, 3, 5});
+  const KivOmbEnumInteger nil = Set({});
   const kiv::SlotMemoryLimit none(0);
   EXPECT_EQ(domain.Intersect(other), 1);
+  EXPECT_EQ(Text(domain), "{ 2, 3 }");
+  EXPECT_EQ(domain.Intersect(nil), 1);
+  EXPECT_EQ(domain.CheckNil(), 1);
+}
+
+TEST(SetAlgebra, AUnionWithoutMemoryIsNil) {
+  KivOmbEnumInteger domain = Range(1, 20);
+  const KivOmbEnumInteger other = Range(11, 30);
+  const kiv::SlotMemoryLimit none(0);
+  domain.Unite(other);
   EXPECT_EQ(domain.CheckNil(), 1);
 }
 

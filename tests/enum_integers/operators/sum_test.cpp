@@ -141,19 +141,24 @@ TEST(Difference, WithTooManyCandidatesOrNoneForASingle) {
   EXPECT_EQ(x.CheckNil(), 1);
 }
 
-TEST(Difference, WithoutMemoryForItsCandidatesStartsAgainFromNil) {
+TEST(Difference, OfASingleNeedsNoMemory) {
   const KivOmbEnumInteger z = Range(0, 29);
   const KivOmbEnumInteger zero = Set({0});
-  KivOmbSingleInteger early(5);
-  KivOmbSingleInteger late(25);
-  {
-    // One array for the collection and none for its growth: only what comes after the 22nd stays.
-    const kiv::SlotMemoryLimit limit(1);
-    EXPECT_EQ(z.CalcFirstInverseSumValue(late, zero), 0);
-  }
-  const kiv::SlotMemoryLimit limit(1);
-  EXPECT_EQ(z.CalcFirstInverseSumValue(early, zero), 1);
-  EXPECT_EQ(early.CheckNil(), 1);
+  KivOmbSingleInteger inside(25);
+  KivOmbSingleInteger outside(30);
+  const kiv::SlotMemoryLimit none(0);
+  EXPECT_EQ(z.CalcFirstInverseSumValue(inside, zero), 0);
+  EXPECT_EQ(z.CalcFirstInverseSumValue(outside, zero), 1);
+  EXPECT_EQ(outside.CheckNil(), 1);
+}
+
+TEST(Sum, WithoutMemoryForAllOfItIsNil) {
+  const KivOmbEnumInteger x = Range(0, 29);
+  const KivOmbEnumInteger y = Set({0, 2});
+  KivOmbEnumInteger any;
+  const kiv::SlotMemoryLimit none(0);
+  EXPECT_EQ(any.CalcSumValue(x, y), 1);
+  EXPECT_EQ(any.CheckNil(), 1);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "enum_integers/storage/slot_memory.h"
 #include "framework/numbers/single_boolean.h"
+#include "tests/enum_integers/support/kernel_paths.h"
 #include "tests/reference/arithmetic.h"
 
 namespace kiv::test {
@@ -104,20 +105,22 @@ void Compare(const Operation& operation, Random& random, int cases) {
     SCOPED_TRACE(operation.name + " of " + testing::PrintToString(before) + ", objects " +
                  testing::PrintToString(owner));
 
-    const Arguments arguments = MadeArguments(before, owner);
-    const Objects& objects = arguments.objects;
-
     Operands expected = before;
-    SDClearError();
     reference::arithmetic_error = false;
     const int code = operation.literal(expected);
-    ASSERT_EQ(operation.module(objects), code);
-    for (std::size_t i = 0; i < before.size(); ++i) {
-      const bool is_target = owner[i] == owner[operation.target];
-      ASSERT_EQ(Read(*objects[i]), is_target ? expected[operation.target] : before[i])
-          << "argument " << i;
-    }
-    ASSERT_EQ(SDCheckError() != 0, reference::arithmetic_error);
+    ForEachKernelPath([&] {
+      const Arguments arguments = MadeArguments(before, owner);
+      const Objects& objects = arguments.objects;
+      SDClearError();
+      ASSERT_EQ(operation.module(objects), code);
+      for (std::size_t i = 0; i < before.size(); ++i) {
+        const bool is_target = owner[i] == owner[operation.target];
+        ASSERT_EQ(Read(*objects[i]), is_target ? expected[operation.target] : before[i])
+            << "argument " << i;
+      }
+      ASSERT_EQ(SDCheckError() != 0, reference::arithmetic_error);
+    });
+    if (testing::Test::HasFatalFailure()) return;
   }
   SDClearError();
 }

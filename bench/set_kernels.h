@@ -1,0 +1,47 @@
+#pragma once
+
+#include <random>
+#include <vector>
+
+#include "bench/set_shapes.h"
+#include "enum_integers/domain/enum_integer.h"
+#include "tests/reference/enum_set.h"
+
+// The kernels of the enumerated domain and who else computes the same.
+namespace kiv::bench {
+
+// A target that a kernel narrows by one or two known sets. Every contender narrows a copy of the
+// target, whose room is there from the call before.
+template <class Set>
+struct Operands {
+  Set target, a, b;
+  Set narrowed;
+};
+
+// The same operands for contenders of either kind.
+struct Instance {
+  Operands<reference::EnumSet> sets;
+  Operands<KivOmbEnumInteger> domains;
+};
+
+struct Contender {
+  const char* name;
+  int (*narrow)(Instance&);  // gives the result code
+  reference::EnumSet (*narrowed)(const Instance&);
+};
+
+struct Kernel {
+  const char* name;
+  void (*make)(const Shape&, std::mt19937&, Operands<reference::EnumSet>&);
+  std::vector<Contender> contenders;  // the first tells what is right, the second is the module
+  // How many times as long as the module `rival` is to take over sets of the shape; 0 for none.
+  const char* rival;
+  double (*goal)(const Shape&);
+};
+
+const std::vector<Kernel>& GetKernels();
+
+// The domain of a set.
+KivOmbEnumInteger ToDomain(const reference::EnumSet& set);
+
+}  // namespace kiv::bench

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "enum_integers/kernels/values.h"
+
+namespace kiv::kernels {
+
+// A collection within a window of integers, a byte each: to add a value is one store, which waits
+// for no other, while bits of one word would wait for each other.
+class ByteMap {
+ public:
+  static constexpr std::int64_t kMaxWidth = 1 << 13;
+
+  // Empty, for the integers from `lowest` to `highest`, at most kMaxWidth of them.
+  ByteMap(std::int64_t lowest, std::int64_t highest)
+      : lowest_(lowest), width_(static_cast<std::uint64_t>(highest - lowest + 1)) {
+    std::fill_n(bytes_.begin(), width_, std::uint8_t{0});
+  }
+
+  // Whether a map of these integers is not too wide for so many candidates.
+  static bool Suits(std::int64_t lowest, std::int64_t highest, std::uint64_t candidates) {
+    return highest - lowest < kMaxWidth &&
+           static_cast<std::uint64_t>(highest - lowest) < kWidthPerCandidate * (candidates + 8);
+  }
+
+  void Add(std::int64_t v) { bytes_[static_cast<std::uint64_t>(v - lowest_)] = 1; }
+  // Adds `v` when `holds`.
+  void AddIf(std::int64_t v, bool holds) {
+    bytes_[static_cast<std::uint64_t>(v - lowest_)] |= static_cast<std::uint8_t>(holds);
+  }
+  void AddRange(std::int64_t lowest, std::int64_t highest) {
+    std::fill_n(bytes_.begin() + (lowest - lowest_), highest - lowest + 1, std::uint8_t{1});
+  }
+
+  unsigned Count() const {
+    unsigned count = 0;
+    for (std::uint64_t i = 0; i < width_; ++i) count += bytes_[i];
+    return count;
+  }
+  std::uint64_t GetWidth() const { return width_; }
+
+  void List(std::int32_t* out) const {
+    for (std::uint64_t i = 0; i < width_; ++i) {
+      if (bytes_[i] != 0)
+        *out++ = static_cast<std::int32_t>(lowest_ + static_cast<std::int64_t>(i));
+    }
+  }
+
+  auto Membership() const {
+    return [this](std::int32_t v) {
+      const auto offset = static_cast<std::uint64_t>(v - lowest_);
+      return offset < width_ && bytes_[offset] != 0;
+    };
+  }
+
+ private:
+  static constexpr std::uint64_t kWidthPerCandidate = 16;
+
+  std::int64_t lowest_;
+  std::uint64_t width_;
+  std::array<std::uint8_t, kMaxWidth> bytes_;
+};
+
+}  // namespace kiv::kernels
