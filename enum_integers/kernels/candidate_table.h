@@ -23,9 +23,11 @@ class CandidateTable {
     if (slots > kInlineSlots) {
       large_.reset(new (std::nothrow) std::int32_t[slots]);
       // Without memory the table knows nothing, and takes nothing.
-      is_any_ = large_ == nullptr;
-      if (is_any_) cap_ = 0;
-      if (is_any_) slots = kInlineSlots;
+      if (large_ == nullptr) {
+        is_any_ = true;
+        cap_ = 0;
+        slots = kInlineSlots;
+      }
     }
     slots_ = large_ != nullptr ? large_.get() : inline_;
     mask_ = static_cast<std::uint32_t>(slots - 1);

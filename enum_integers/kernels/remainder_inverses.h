@@ -52,6 +52,11 @@ auto WithMembership(Values values, Use use) {
     const BitWindow window(values);
     return use(window.Membership());
   }
+  // A table of more would need memory.
+  constexpr std::size_t kMostTabled = 1024;
+  if (values.size() > kMostTabled) {
+    return use([values](std::int32_t v) { return Contains(values, v); });
+  }
   CandidateTable table(values.size(), static_cast<std::uint32_t>(values.size()));
   for (const std::int32_t v : values) table.Insert(v);
   return use(table.Membership());
