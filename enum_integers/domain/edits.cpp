@@ -75,7 +75,10 @@ void KivOmbEnumInteger::BecomeEmpty(int flag) {
   self.anyFlag = flag;
 }
 
-// Takes over values and flag; becomes Nil when there is no memory for the values.
+// Takes over values and flag; becomes Nil when there is no memory for the values. A temporary takes
+// over the storage as well, with its growth step; the step of a union is the sum of its operands',
+// so that the domain of a variable, which meets unions of its own former values again and again,
+// keeps the storage that it has.
 void KivOmbEnumInteger::Become(const KivSVectorImp_SubIntBase& new_values, int flag) {
   const unsigned count = new_values.Count();
   if (count == 0) return BecomeEmpty(flag);
@@ -84,7 +87,15 @@ void KivOmbEnumInteger::Become(const KivSVectorImp_SubIntBase& new_values, int f
     return;
   }
   KivOmbEnumInteger& self = Writable();
-  self.values = new_values;
+  if (HasOwner()) {
+    self.values.Flush();
+    // At the last position a value raises the top to it; the slots below are filled at once then.
+    if (self.values.AddAt(new_values[count - 1], count - 1) != 0) {
+      std::copy_n(&new_values[0], count - 1, &self.values[0]);
+    }
+  } else {
+    self.values = new_values;
+  }
   self.anyFlag = Count() == count ? flag : 0;
 }
 
