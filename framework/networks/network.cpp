@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "framework/abstract_types/boolean.h"
+#include "framework/intervals/sub_int_base.h"
 #include "framework/networks/entailment_check.h"
 
 namespace {
@@ -15,13 +16,16 @@ namespace {
 constexpr std::size_t kObjectAlignment = alignof(std::max_align_t);
 
 // The events of a variable that a constraint is to hear of. What it asks for only where inner
-// values may stay is its bounds then: of a kind that keeps them, and of a domain that is unknown,
-// which loses nothing until it is known.
+// values may stay is its bounds, unless the domain can lose every value from now on: its kind holds
+// gaps, it is known and without an open end, and stays so since no level can be taken back.
 KivOmbiEvent WakingEvents(const KivOmbiConstraint& constraint, unsigned argument,
-                          unsigned arguments, const KivOmbiVariable& variable) {
+                          unsigned arguments, const KivOmbiVariable& variable,
+                          bool is_outside_levels) {
   const KivOmbiEvent events = constraint.GetWakingEvents(argument, arguments);
   if ((events & kKivBoundsOfGapless) == 0) return events;
-  const bool loses_any_value = variable.kind->HoldsGaps() && !variable.summary.IsAny();
+  const KivOmbiDomainSummary& summary = variable.summary;
+  const bool is_closed = summary.lower > SubIntBase::kMin && summary.upper < SubIntBase::kMax;
+  const bool loses_any_value = variable.kind->HoldsGaps() && is_closed && is_outside_levels;
   return loses_any_value ? events : events | kKivBounds;
 }
 
@@ -97,8 +101,8 @@ KivOmbNetwork::ConstraintId KivOmbNetwork::Adopt(KivOmbiConstraint* object,
                           .decides_to_run = decides_to_run});
   arguments_.insert(arguments_.end(), arguments.begin(), arguments.end());
   for (std::uint32_t i = 0; i < count; ++i) {
-    subscriptions_[arguments[i]].Add({id, i},
-                                     WakingEvents(*object, i, count, variables_[arguments[i]]));
+    subscriptions_[arguments[i]].Add(
+        {id, i}, WakingEvents(*object, i, count, variables_[arguments[i]], GetLevel() == 0));
   }
   if (GetLevel() > 0) late_posts_.push_back({id, GetLevel()});
   object->Activate(this);
