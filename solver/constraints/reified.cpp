@@ -18,8 +18,32 @@ bool IsOpen(const KivOmbiObjectEnvironment& environment, unsigned i) {
   return !environment.Summary(i).IsFixed();
 }
 
-bool HasFewValues(const KivOmbiDomainSummary& summary) {
-  return IsListable(summary) && summary.cardinality <= kMostJudged;
+// Whether the ground truth can be asked about all values of an open argument.
+bool HasFewValues(const KivOmbiObjectEnvironment& environment, unsigned i) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  return environment.IsBoolean(i) || (IsListable(summary) && summary.cardinality <= kMostJudged);
+}
+
+// Calls `use(value)` for each of them.
+template <class Use>
+void ForEachOpenValue(const KivOmbiObjectEnvironment& environment, unsigned i, Use&& use) {
+  if (!environment.IsBoolean(i)) {
+    ForEachValue(environment.Integer(i), environment.Summary(i), use);
+    return;
+  }
+  use(0);
+  use(1);
+}
+
+template <class Keep>
+KivOmbiFilterResult KeepOpenIf(const KivOmbiObjectEnvironment& environment, unsigned i,
+                               Keep&& keep) {
+  if (!environment.IsBoolean(i)) return KeepIf(environment, i, keep);
+  for (const bool value : {false, true}) {
+    if (keep(value ? 1 : 0)) continue;
+    if (const auto result = SetTruth(environment, i, !value)) return result;
+  }
+  return 0;
 }
 
 }  // namespace
@@ -28,14 +52,14 @@ Reified::Reified(std::unique_ptr<KivOmbiConstraint> inner, Reification reificati
     : KivOmbiConstraint(&descriptor), inner_(std::move(inner)), reification_(reification) {}
 
 void Reified::Activate(KivOmbiNetwork* network) {
+  network_ = network;
   inner_->SetNumber(GetNumber());
-  inner_->Activate(network);
   KivOmbiConstraint::Activate(network);
 }
 
-// What the inner constraint notes about changes it notes while its truth is open, too.
 void Reified::ActivateByArgument(unsigned index, std::int64_t events, KivOmbiNetwork* network) {
-  if (index < values_.size()) inner_->ActivateByArgument(index, events, network);
+  const bool concerns_inner = is_imposed_ != 0 && index < values_.size();
+  if (concerns_inner) return inner_->ActivateByArgument(index, events, network);
   KivOmbiConstraint::ActivateByArgument(index, events, network);
 }
 
@@ -44,7 +68,10 @@ std::int64_t Reified::Filter(const KivOmbiObjectEnvironment& environment, std::i
   const KivOmbiObjectEnvironment arguments = environment.First(truth);
   values_.resize(truth);
   const KivOmbiDomainSummary& known = environment.Summary(truth);
-  if (IsKnown(known, true)) return inner_->Filter(arguments, kKivAnyEvent);
+  if (IsKnown(known, true)) {
+    Impose(environment);
+    return inner_->Filter(arguments, kKivAnyEvent);
+  }
   if (known.IsFixed() && reification_ == Reification::kImplication) return kKivEntailed;
   if (AreTwoOpen(arguments)) return kKivAtFixpoint;
 
@@ -58,6 +85,14 @@ std::int64_t Reified::Filter(const KivOmbiObjectEnvironment& environment, std::i
   return FilterReified(
       environment, truth, reification_, [&] { return std::optional(inner_->Holds(values_)); },
       [&](bool) { return inner_->Holds(values_) ? kKivContradiction : kKivEntailed; });
+}
+
+// The inner constraint begins anew: it was not told of changes before, and what it concluded on
+// another branch is gone.
+void Reified::Impose(const KivOmbiObjectEnvironment& environment) {
+  if (is_imposed_ != 0) return;
+  environment.SetWord(is_imposed_, 1);
+  inner_->Activate(network_);
 }
 
 // Also finds out which one is open when there are not two.
@@ -99,13 +134,12 @@ KivOmbiFilterResult Reified::NarrowItself(const KivOmbiObjectEnvironment& enviro
 
 KivOmbiFilterResult Reified::NarrowByValues(const KivOmbiObjectEnvironment& environment,
                                             unsigned open) {
-  const KivOmbiDomainSummary summary = environment.Summary(open);
-  if (!HasFewValues(summary)) return kKivAtFixpoint;
+  if (!HasFewValues(environment, open)) return kKivAtFixpoint;
   const auto holds = [&](std::int32_t value) { return HoldsFor(environment, open, value); };
   const auto decide = [&]() -> std::optional<bool> {
     bool some = false;
     bool all = true;
-    ForEachValue(environment.Integer(open), summary, [&](std::int32_t value) {
+    ForEachOpenValue(environment, open, [&](std::int32_t value) {
       const bool satisfies = holds(value);
       some |= satisfies;
       all &= satisfies;
@@ -114,7 +148,7 @@ KivOmbiFilterResult Reified::NarrowByValues(const KivOmbiObjectEnvironment& envi
   };
   const auto lose = [&](bool) -> KivOmbiFilterResult {
     const auto result =
-        KeepIf(environment, open, [&](std::int32_t value) { return !holds(value); });
+        KeepOpenIf(environment, open, [&](std::int32_t value) { return !holds(value); });
     return result != 0 ? result : kKivAtFixpoint;
   };
   return FilterReified(environment, environment.Count() - 1, reification_, decide, lose);

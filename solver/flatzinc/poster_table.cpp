@@ -15,13 +15,7 @@ using Kind = Expression::Kind;
 
 std::unordered_map<std::string_view, const Poster*> MakeTable() {
   std::unordered_map<std::string_view, const Poster*> table;
-  for (const auto family :
-       {ArithmeticPosters(), ComparisonPosters(), LinearPosters(), BooleanPosters(),
-        ElementPosters(), MembershipPosters(), DistinctPosters(), CountingPosters(), GraphPosters(),
-        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters(),
-        IndexedElementPosters()}) {
-    for (const Poster& poster : family) table.emplace(poster.name, &poster);
-  }
+  for (const Poster* poster : ListPosters()) table.emplace(poster->name, poster);
   return table;
 }
 
@@ -112,6 +106,18 @@ void CheckArguments(const Posting& posting, const Poster& poster, const Model& m
 }
 
 }  // namespace
+
+std::vector<const Poster*> ListPosters() {
+  std::vector<const Poster*> posters;
+  for (const auto family :
+       {ArithmeticPosters(), ComparisonPosters(), LinearPosters(), BooleanPosters(),
+        ElementPosters(), MembershipPosters(), DistinctPosters(), CountingPosters(), GraphPosters(),
+        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters(),
+        IndexedElementPosters()}) {
+    for (const Poster& poster : family) posters.push_back(&poster);
+  }
+  return posters;
+}
 
 const Poster* FindPoster(std::string_view name) {
   static const auto table = MakeTable();

@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "framework/base/export.h"
 #include "solver/flatzinc/posting.h"
@@ -23,6 +24,9 @@ std::span<const Poster> SchedulingPosters();
 std::span<const Poster> ExtensionalPosters();
 std::span<const Poster> PackingPosters();
 std::span<const Poster> IndexedElementPosters();
+
+// All of them.
+KIV_EXPORT std::vector<const Poster*> ListPosters();
 
 // The poster of this name, or null.
 KIV_EXPORT const Poster* FindPoster(std::string_view name);

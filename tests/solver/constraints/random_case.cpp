@@ -42,7 +42,12 @@ void RandomCase::AddBoolean(int repeat_one_in) {
   Add({kind, RandomValues(random_, *kind, Flavour::kSmall)});
 }
 
-void RandomCase::AddTruth() { OneIn(random_, 2) ? AddBoolean() : AddInteger({0, 1}, 2, 0); }
+// Of an integer it must be known that it has no other values.
+void RandomCase::AddTruth() {
+  if (OneIn(random_, 2)) return AddBoolean();
+  AddInteger({0, 1}, 2, 0);
+  case_.propagates_unknown = false;
+}
 
 bool RandomCase::AreSets() const {
   return std::ranges::all_of(case_.variables, [](const Declared& variable) {

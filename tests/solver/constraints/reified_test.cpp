@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -51,9 +53,10 @@ Inner RandomInner(Generator& random) {
               [] { return std::make_unique<TruncatedPower>(); },
               [](auto v) {
                 if (v[1] < 0 && v[0] == 0) return false;
-                std::int64_t power = 1;
-                for (std::int64_t i = std::abs(v[1]); i > 0; --i) power *= v[0];
-                return v[2] == (v[1] < 0 ? 1 / power : power);
+                const double power =
+                    std::pow(static_cast<double>(v[0]), static_cast<double>(std::abs(v[1])));
+                const double truncated = std::abs(power) == 1 ? power : 0;
+                return static_cast<double>(v[2]) == (v[1] < 0 ? truncated : power);
               }};
     case 1: {
       const int first = Pick(random, -1, 2);

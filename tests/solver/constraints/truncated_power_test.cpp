@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdlib>
+
 #include "tests/solver/constraints/random_case.h"
 
 namespace kiv::test {
@@ -9,13 +12,12 @@ namespace {
 
 using VariableId = KivOmbNetwork::VariableId;
 
-// 1 div x ^ -y for a negative y, by multiplication.
+// Powers as great as a variable's values are exact in floating point.
 bool IsPower(std::int64_t x, std::int64_t y, std::int64_t z) {
   if (y < 0 && x == 0) return false;
-  double power = 1;  // exact as far as a variable's values go
-  for (std::int64_t i = 0; i < (y < 0 ? -y : y); ++i) power *= static_cast<double>(x);
-  if (y < 0) return z == (power == 1 ? 1 : power == -1 ? -1 : 0);
-  return static_cast<double>(z) == power;
+  const double power = std::pow(static_cast<double>(x), static_cast<double>(std::abs(y)));
+  const double truncated = std::abs(power) == 1 ? power : 0;
+  return static_cast<double>(z) == (y < 0 ? truncated : power);
 }
 
 TEST(TruncatedPower, StandsUnderBruteForce) {
@@ -41,7 +43,7 @@ TEST(TruncatedPower, NarrowsWideVariablesByTheirBounds) {
   network.Emplace<TruncatedPower>(arguments);
   network.Propagate();
   EXPECT_EQ(Text(network, x), "[-31, 1000]");
-  EXPECT_EQ(Text(network, y), "[1, 9]");
+  EXPECT_EQ(Text(network, y), "[1, 3]");
 }
 
 TEST(TruncatedPower, LosesTheBaseZeroToNegativeExponents) {
