@@ -119,8 +119,7 @@ TEST(BuiltinLimits, EmptyArraysAndSetsMeanWhatTheyMean) {
             (Solutions{{1, 0}}));
 }
 
-// Of three variables and their repetitions, with a result; of the variables as values to judge
-// them.
+// Three variables, repeated until the arrays are long.
 TEST(BuiltinLimits, LongConnectivesHaveTheirMeaning) {
   const std::uint64_t first = Seed(1);
   for (std::uint64_t seed = first; seed < first + Times(60); ++seed) {
