@@ -22,7 +22,7 @@ Membership::Membership(std::vector<std::int32_t> values)
 
 std::int64_t Membership::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   if (const auto result = KeepValues(environment, kX, values_)) return result;
-  return Settle(environment);
+  return LiesIn(environment, kX, values_) ? kKivEntailed : Settle(environment);
 }
 
 KivOmbiConstraint::Cost Membership::GetCost() const { return kUnary; }

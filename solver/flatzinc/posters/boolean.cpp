@@ -39,14 +39,34 @@ class Literals {
   }
 
  private:
+  // A junction looks at all of its literals whenever one becomes known; with more of them, clauses,
+  // which look at those that matter, are worth their memory.
+  static constexpr std::size_t kMostJoined = 32;
+
   Expression GetResult() const { return posting_.GetArgument(posting_.CountArguments() - 1); }
 
   void PostReified() {
+    if (positive_.size() + negative_.size() > kMostJoined) return PostImplications();
     std::vector<VariableId> arguments = {posting_.GetVariable(GetResult())};
     arguments.insert(arguments.end(), positive_.begin(), positive_.end());
     arguments.insert(arguments.end(), negative_.begin(), negative_.end());
     posting_.GetNetwork().Emplace<Junction>(arguments, which_,
                                             static_cast<unsigned>(positive_.size()));
+  }
+  // Clauses for both directions.
+  void PostImplications() {
+    const VariableId result = posting_.GetVariable(GetResult());
+    const bool is_any = which_ == Junction::kAny;
+    std::vector<VariableId> positive = is_any ? positive_ : negative_;
+    std::vector<VariableId> negative = is_any ? negative_ : positive_;
+    (is_any ? negative : positive).push_back(result);
+    PostClause(positive, negative);
+    for (const VariableId truth : positive_) {
+      is_any ? PostClause({result}, {truth}) : PostClause({truth}, {result});
+    }
+    for (const VariableId truth : negative_) {
+      is_any ? PostClause({result, truth}, {}) : PostClause({}, {result, truth});
+    }
   }
   // One clause, with the negation of the result that implies it.
   void PostAny(TruthForm form) {

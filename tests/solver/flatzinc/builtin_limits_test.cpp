@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "solver/flatzinc/error.h"
 #include "tests/solver/flatzinc/solve_text.h"
+#include "tests/support/random.h"
+#include "tests/support/seed.h"
 
 namespace kiv::test {
 namespace {
@@ -114,6 +117,42 @@ TEST(BuiltinLimits, EmptyArraysAndSetsMeanWhatTheyMean) {
   EXPECT_EQ(Solve("var 1..1: x; constraint array_int_element(x, [], 3);"), Solutions{});
   EXPECT_EQ(Solve("var 1..1: x; var bool: r; constraint array_int_maximum_reif(x, [], r);"),
             (Solutions{{1, 0}}));
+}
+
+// Three variables, repeated until the arrays are long.
+TEST(BuiltinLimits, LongConnectivesHaveTheirMeaning) {
+  const std::uint64_t first = Seed(1);
+  for (std::uint64_t seed = first; seed < first + Times(60); ++seed) {
+    Generator random(seed);
+    std::vector<std::size_t> positive;
+    std::vector<std::size_t> negative;
+    const auto pick_into = [&](std::vector<std::size_t>& places) {
+      std::string text;
+      for (int count = Pick(random, 20, 60); count > 0; --count) {
+        places.push_back(static_cast<std::size_t>(Pick(random, 0, 2)));
+        text += (text.empty() ? "x" : ",x") + std::to_string(places.back());
+      }
+      return '[' + text + ']';
+    };
+    const std::string first_array = pick_into(positive);
+    const int which = Pick(random, 0, 2);
+    const std::string call = which == 0 ? "array_bool_and(" + first_array
+                             : which == 1
+                                 ? "array_bool_or(" + first_array
+                                 : "bool_clause_reif(" + first_array + ',' + pick_into(negative);
+    const std::string text =
+        "var bool: x0; var bool: x1; var bool: x2; var bool: r; constraint " + call + ",r);";
+    SCOPED_TRACE(text + Replay(seed));
+    const auto expected =
+        EnumerateSolutions({{0, 1}, {0, 1}, {0, 1}, {0, 1}}, [&](const Assignment& values) {
+          const auto is_true = [&](std::size_t place) { return values[place] == 1; };
+          const bool all = std::ranges::all_of(positive, is_true);
+          const bool any =
+              std::ranges::any_of(positive, is_true) || !std::ranges::all_of(negative, is_true);
+          return is_true(3) == (which == 0 ? all : any);
+        });
+    ASSERT_EQ(Solve(text), expected);
+  }
 }
 
 // A solution beyond what variables hold must not be denied.
