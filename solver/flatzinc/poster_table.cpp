@@ -112,7 +112,8 @@ std::vector<const Poster*> ListPosters() {
   for (const auto family :
        {ArithmeticPosters(), ComparisonPosters(), LinearPosters(), BooleanPosters(),
         ElementPosters(), MembershipPosters(), DistinctPosters(), CountingPosters(), GraphPosters(),
-        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters()}) {
+        OrderingPosters(), SchedulingPosters(), ExtensionalPosters(), PackingPosters(),
+        IndexedElementPosters()}) {
     for (const Poster& poster : family) posters.push_back(&poster);
   }
   return posters;
