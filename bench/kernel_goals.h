@@ -6,15 +6,21 @@
 // ones in a search, so that nothing may be slower there than the plainest way.
 namespace kiv::bench {
 
-double SumGoal(const Shape& shape);
-double ProductGoal(const Shape& shape);
-double QuotientGoal(const Shape& shape);
-double RemainderGoal(const Shape& shape);
-double RemainderInverseGoal(const Shape& shape);
-double IntersectionGoal(const Shape& shape);
-double UnionGoal(const Shape& shape);
-double MembershipGoal(const Shape& shape);
-double BoundCutGoal(const Shape& shape);
-double NotSlowerGoal(const Shape& shape);
+// How many times as long as the module the rival is to take.
+struct Goal {
+  const char* rival;
+  double ratio;
+};
+
+Goal SumGoal(const Shape& shape);
+Goal ProductGoal(const Shape& shape);
+Goal QuotientGoal(const Shape& shape);
+Goal RemainderGoal(const Shape& shape);
+Goal RemainderInverseGoal(const Shape& shape);
+Goal IntersectionGoal(const Shape& shape);
+Goal UnionGoal(const Shape& shape);
+Goal MembershipGoal(const Shape& shape);
+Goal BoundCutGoal(const Shape& shape);
+Goal NotSlowerGoal(const Shape& shape);
 
 }  // namespace kiv::bench

@@ -20,9 +20,6 @@ namespace {
 
 using namespace kiv::bench;
 
-// So many that no branch predictor learns them by heart.
-constexpr int kInstances = 64;
-
 constexpr std::size_t kSizes[] = {2, 5, 10, 16, 30, 100, 300};
 
 // A kernel over sets of one shape.
@@ -51,7 +48,7 @@ class Case {
   // Not before the case is measured: a filter may leave it out.
   void Prepare() {
     std::mt19937 random(static_cast<unsigned>(shape_.size));
-    instances_.resize(kInstances);
+    instances_.resize(static_cast<std::size_t>(kernel_.instances));
     for (auto& [sets, domains] : instances_) {
       kernel_.make(shape_, random, sets);
       domains = {ToDomain(sets.target), ToDomain(sets.a), ToDomain(sets.b), {}};
@@ -84,7 +81,8 @@ std::vector<RatioTable::Line> RegisterAll() {
       for (const std::size_t size : kSizes) {
         const Shape shape{density, size};
         const auto measured = std::make_shared<Case>(kernel, shape);
-        lines.push_back({measured->Name(), kernel.rival, kernel.goal(shape)});
+        const Goal goal = kernel.goal(shape);
+        lines.push_back({measured->Name(), goal.rival, goal.ratio});
         for (const Contender& contender : kernel.contenders) {
           benchmark::RegisterBenchmark(
               (lines.back().measured + "/" + contender.name).c_str(),

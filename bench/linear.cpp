@@ -183,9 +183,9 @@ std::vector<kiv::bench::RatioTable::Line> RegisterAll(bool& agree) {
     for (const Contender& contender : model.contenders) {
       const auto enumeration = std::make_shared<Enumeration>(model, contender);
       const kiv::SearchResult result = enumeration->Run();
-      std::cout << std::setw(12) << contender.name << std::setw(9) << result.nodes;
-      if (&contender == &model.contenders.front()) solutions = result.solutions;
-      agree = agree && result.solutions == solutions && result.unknowns == 0;
+      std::cout << std::setw(12) << contender.name << std::setw(9) << result.statistics.nodes;
+      if (&contender == &model.contenders.front()) solutions = result.statistics.solutions;
+      agree = agree && result.statistics.solutions == solutions && result.statistics.unknowns == 0;
       benchmark::RegisterBenchmark((lines.back().measured + "/" + contender.name).c_str(),
                                    [enumeration](benchmark::State& state) {
                                      for (auto _ : state) {

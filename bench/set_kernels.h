@@ -3,6 +3,7 @@
 #include <random>
 #include <vector>
 
+#include "bench/kernel_goals.h"
 #include "bench/set_shapes.h"
 #include "enum_integers/domain/enum_integer.h"
 #include "tests/reference/enum_set.h"
@@ -34,9 +35,9 @@ struct Kernel {
   const char* name;
   void (*make)(const Shape&, std::mt19937&, Operands<reference::EnumSet>&);
   std::vector<Contender> contenders;  // the first tells what is right, the second is the module
-  // How many times as long as the module `rival` is to take over sets of the shape; 0 for none.
-  const char* rival;
-  double (*goal)(const Shape&);
+  Goal (*goal)(const Shape&);
+  // So many that no branch predictor learns them by heart.
+  int instances = 64;
 };
 
 const std::vector<Kernel>& GetKernels();

@@ -76,13 +76,15 @@ void KivOmbEnumInteger::BecomeEmpty(int flag) {
   self.anyFlag = flag;
 }
 
-// Takes over values, flag and growth step; becomes Nil when there is no memory for the values.
+// Takes over values, flag and growth step; becomes Nil when there is no memory for the values. The
+// step of a union is the sum of its operands', so that the domain of a variable, which meets unions
+// of its own former values again and again, keeps the step that it has.
 void KivOmbEnumInteger::Become(kiv::kernels::Values new_values, int flag, unsigned delta) {
   if (new_values.empty()) return BecomeEmpty(flag);
   if (anyFlag == flag && std::ranges::equal(View(), new_values)) return;
   KivOmbEnumInteger& self = Writable();
   const auto count = static_cast<unsigned>(new_values.size());
-  SubIntBase* const slots = self.values.Overwrite(count, delta);
+  SubIntBase* const slots = self.values.Overwrite(count, HasOwner() ? GetDelta() : delta);
   if (slots == nullptr) return BecomeEmpty(0);
   std::memcpy(static_cast<void*>(slots), new_values.data(), new_values.size_bytes());
   self.anyFlag = flag;

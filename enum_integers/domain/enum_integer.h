@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <utility>
 
 #include "enum_integers/kernels/search.h"
@@ -344,4 +345,10 @@ class KIV_EXPORT KivOmbEnumInteger::Descriptor : public KivOmbiObjectDescriptor 
   // values.
   int RestoreState(KivOmbiObject& object, const void* state) const override;
   KivOmbiDomainSummary Summarize(const KivOmbiObject& object) const override;
+  bool HoldsGaps() const override;
+  std::span<const SubIntBase> GetValues(const KivOmbiObject& object) const override;
+  // Nil when nothing is left, whatever the leftover flag; Any stays.
+  int KeepBetween(KivOmbiObject& object, std::int32_t lower, std::int32_t upper) const override;
+  // The same.
+  int RemoveValues(KivOmbiObject& object, std::span<const std::int32_t> values) const override;
 };

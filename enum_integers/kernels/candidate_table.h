@@ -12,20 +12,22 @@
 namespace kiv::kernels {
 
 // A collection for candidates of any kind in any order: a hash table with linear probing. With
-// Insert it does literally what a domain does. Its slots are at least twice as many as the values
-// that it may hold, so it never fills up.
+// Insert it does literally what a domain does. Its slots are at least three times as many as the
+// values that it may hold, so it never fills up.
 class CandidateTable {
  public:
   // For at most `candidates` insertions.
   CandidateTable(std::uint64_t candidates, std::uint32_t cap) : cap_(cap) {
     const std::uint64_t most = std::min<std::uint64_t>(candidates, std::uint64_t{cap} + 1);
-    std::uint64_t slots = std::bit_ceil(std::max<std::uint64_t>(2 * most, 10) - 2);
+    std::uint64_t slots = std::bit_ceil(std::max<std::uint64_t>(4 * most, 12) - 4);
     if (slots > kInlineSlots) {
       large_.reset(new (std::nothrow) std::int32_t[slots]);
       // Without memory the table knows nothing, and takes nothing.
-      is_any_ = large_ == nullptr;
-      if (is_any_) cap_ = 0;
-      if (is_any_) slots = kInlineSlots;
+      if (large_ == nullptr) {
+        is_any_ = true;
+        cap_ = 0;
+        slots = kInlineSlots;
+      }
     }
     slots_ = large_ != nullptr ? large_.get() : inline_;
     mask_ = static_cast<std::uint32_t>(slots - 1);
@@ -77,7 +79,7 @@ class CandidateTable {
  private:
   // What no value is.
   static constexpr std::int32_t kFree = SubIntBase::kMin - 1;
-  static constexpr std::uint64_t kInlineSlots = 2048;
+  static constexpr std::uint64_t kInlineSlots = 4096;
 
   // Multiplicative hashing by the golden ratio: the upper bits of the product. (D. E. Knuth, "The
   // Art of Computer Programming", volume 3, section 6.4.)

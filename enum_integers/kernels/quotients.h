@@ -8,82 +8,80 @@
 #include "enum_integers/kernels/byte_map.h"
 #include "enum_integers/kernels/candidate_table.h"
 #include "enum_integers/kernels/collections.h"
-#include "enum_integers/kernels/search.h"
 #include "enum_integers/kernels/values.h"
 
 namespace kiv::kernels {
 
-// The quotients of a set by a divisor m > 0, without dividing each value.
+// The quotients of a set by a divisor m > 0, mostly without dividing its values.
 //
 // Division truncates, so the dividends of a quotient q are consecutive: they begin at q * m for
 // q > 0, else at q * m - (m - 1), and end before those of q + 1. So q is a quotient if and only if
-// the set has a value between two such bounds. For a set in a small window a table of ranks (how
-// many values are below v) tells that from two entries; any other set is searched for the first
-// value beyond the bound.
+// more values are below the end than below the beginning. A table tells how many values are below
+// every 2^shift-th integer of the window, and a few values, mostly none, are looked at from there.
+// Where there are more quotients between the least and the greatest than values, the values are
+// divided.
 class Dividends {
  public:
   explicit Dividends(Values values) : values_(values) {
-    if (IsInterval(values) || std::int64_t{values.back()} - values.front() >= kMaxWidth) return;
-    has_ranks_ = true;
-    std::uint16_t rank = 0;
-    std::int64_t v = values.front();
-    for (const std::int32_t value : values) {
-      for (; v <= value; ++v) ranks_[v - values.front()] = rank;
-      ++rank;
+    if (IsInterval(values)) return;
+    const auto width = static_cast<std::uint64_t>(std::int64_t{values.back()} - values.front());
+    while (width >> shift_ >=
+           std::min<std::uint64_t>(kEntriesPerValue * values.size() + 64, kMaxEntries)) {
+      ++shift_;
     }
-    ranks_[v - values.front()] = rank;
+    std::uint64_t entry = 0;
+    for (std::uint32_t i = 0; i < values.size(); ++i) {
+      const std::uint64_t end = OffsetOf(values[i]) >> shift_;
+      for (; entry <= end; ++entry) below_[entry] = i;
+    }
   }
 
   // Adds sign * q to `quotients` for every quotient q by m. Stops when that returns false.
   template <class Quotients>
   bool AddQuotients(std::int32_t m, std::int64_t sign, Quotients& quotients) const {
-    const std::int32_t first = values_.front() / m;
-    const std::int32_t last = values_.back() / m;
+    const std::int64_t first = values_.front() / m;
+    const std::int64_t last = values_.back() / m;
     if (IsInterval(values_)) {
       for (std::int64_t q = first; q <= last; ++q) {
         if (!quotients.Add(sign * q)) return false;
       }
       return true;
     }
-    return has_ranks_ ? AddByRanks(m, sign, first, last, quotients)
-                      : AddBySearch(m, sign, quotients);
+    if (last - first >= std::ssize(values_)) {
+      return std::all_of(values_.begin(), values_.end(),
+                         [&](std::int32_t v) { return quotients.Add(sign * (v / m)); });
+    }
+    std::uint32_t below = 0;
+    for (std::int64_t q = first; q < last; ++q) {
+      const std::uint32_t next = CountBelowInside(FirstDividend(q + 1, m));
+      if (!quotients.AddIf(sign * q, next != below)) return false;
+      below = next;
+    }
+    return quotients.Add(sign * last);
   }
 
  private:
-  static constexpr std::int64_t kMaxWidth = 1 << 12;
+  static constexpr std::uint64_t kEntriesPerValue = 8;
+  static constexpr std::uint64_t kMaxEntries = 1 << 12;
 
   static std::int64_t FirstDividend(std::int64_t q, std::int64_t m) {
     return q > 0 ? q * m : q * m - (m - 1);
   }
 
-  template <class Quotients>
-  bool AddByRanks(std::int64_t m, std::int64_t sign, std::int64_t first, std::int64_t last,
-                  Quotients& quotients) const {
-    const std::int64_t lowest = values_.front();
-    std::uint16_t rank = 0;
-    for (std::int64_t q = first; q < last; ++q) {
-      const std::uint16_t next = ranks_[FirstDividend(q + 1, m) - lowest];
-      if (!quotients.AddIf(sign * q, next != rank)) return false;
-      rank = next;
-    }
-    return quotients.Add(sign * last);
+  std::uint64_t OffsetOf(std::int64_t v) const {
+    return static_cast<std::uint64_t>(v - values_.front());
   }
 
-  template <class Quotients>
-  bool AddBySearch(std::int32_t m, std::int64_t sign, Quotients& quotients) const {
-    for (Values rest = values_;;) {
-      const std::int32_t q = rest.front() / m;
-      if (!quotients.Add(sign * q)) return false;
-      const std::int64_t bound = FirstDividend(std::int64_t{q} + 1, m);
-      if (bound > rest.back()) return true;
-      rest =
-          rest.subspan(rest[1] >= bound ? 1 : CountBelow(rest, static_cast<std::int32_t>(bound)));
-    }
+  // For `v` from the least value to the greatest.
+  std::uint32_t CountBelowInside(std::int64_t v) const {
+    std::uint32_t below = below_[OffsetOf(v) >> shift_];
+    while (values_[below] < v) ++below;
+    return below;
   }
 
   Values values_;
-  bool has_ranks_ = false;
-  std::array<std::uint16_t, kMaxWidth + 1> ranks_;
+  unsigned shift_ = 0;
+  std::array<std::uint32_t, kMaxEntries> below_;  // values in entries before that of the position
 };
 
 // Quotients in a map or, where their window is wide, in a table; `Add` gives false once it is clear

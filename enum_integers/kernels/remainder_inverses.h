@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
+#include <limits>
 
 #include "enum_integers/kernels/bit_window.h"
 #include "enum_integers/kernels/candidate_table.h"
 #include "enum_integers/kernels/collections.h"
 #include "enum_integers/kernels/scratch.h"
+#include "enum_integers/kernels/search.h"
 #include "enum_integers/kernels/values.h"
 
 // The dividends and the moduli that go with some results of z = x mod y. An inverse offers a value
@@ -49,6 +52,11 @@ auto WithMembership(Values values, Use use) {
     const BitWindow window(values);
     return use(window.Membership());
   }
+  // A table of more would need memory.
+  constexpr std::size_t kMostTabled = 1024;
+  if (values.size() > kMostTabled) {
+    return use([values](std::int32_t v) { return Contains(values, v); });
+  }
   CandidateTable table(values.size(), static_cast<std::uint32_t>(values.size()));
   for (const std::int32_t v : values) table.Insert(v);
   return use(table.Membership());
@@ -78,7 +86,12 @@ template <class Take>
 auto CollectDividends(Values z, Values x, Values y, std::uint32_t cap, Take take) {
   return WithMembership(z, [&](const auto& is_result) {
     const auto fits = [&](std::int32_t dividend) {
-      return std::any_of(y.begin(), y.end(),
+      // A modulus of greater magnitude leaves the dividend as it is.
+      const std::int32_t magnitude = std::abs(dividend);
+      const unsigned first = CountBelow(y, -magnitude);
+      const Values dividing = y.subspan(first, CountUpTo(y, magnitude) - first);
+      return (dividing.size() < y.size() && is_result(dividend)) ||
+             std::any_of(dividing.begin(), dividing.end(),
                          [&](std::int32_t m) { return is_result(dividend % m); });
     };
     const auto offer_all = [&](auto offer) {
@@ -99,9 +112,20 @@ auto CollectModuli(Values z, Values x, Values y, std::uint32_t cap, Take take) {
     const auto fits_pair = [&](std::int32_t dividend, std::int32_t m) {
       return m == 0 || is_result(dividend % m);
     };
+    // A dividend of less magnitude than the modulus is its own remainder.
+    std::int64_t least_own_result = std::numeric_limits<std::int64_t>::max();
+    for (const std::int32_t dividend : x) {
+      if (is_result(dividend))
+        least_own_result = std::min<std::int64_t>(least_own_result, std::abs(dividend));
+    }
     const auto fits = [&](std::int32_t m) {
-      return std::any_of(x.begin(), x.end(),
-                         [&](std::int32_t dividend) { return fits_pair(dividend, m); });
+      const std::int32_t magnitude = std::abs(m);
+      if (m == 0) return !x.empty();
+      if (magnitude > least_own_result) return true;
+      const auto leaves_result = [&](std::int32_t dividend) { return is_result(dividend % m); };
+      const auto negative_end = x.begin() + CountUpTo(x, -magnitude);
+      return std::any_of(x.begin(), negative_end, leaves_result) ||
+             std::any_of(x.begin() + CountBelow(x, magnitude), x.end(), leaves_result);
     };
     const auto offer_all = [&](auto offer) {
       for (const std::int32_t dividend : x) {

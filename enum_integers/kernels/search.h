@@ -19,6 +19,13 @@ inline unsigned CountBelow(Values values, std::int32_t v) {
   return static_cast<unsigned>(first - values.data());
 }
 
+// How many of the values are at most `v`.
+inline unsigned CountUpTo(Values values, std::int32_t v) {
+  unsigned count = CountBelow(values, v);
+  while (count < values.size() && values[count] == v) ++count;
+  return count;
+}
+
 inline bool Contains(Values values, std::int32_t v) {
   const unsigned i = CountBelow(values, v);
   return i < values.size() && values[i] == v;

@@ -91,3 +91,47 @@ KivOmbiDomainSummary KivOmbEnumInteger::Descriptor::Summarize(const KivOmbiObjec
   if (domain.CheckNil()) return {kMax, kMin, 0, KivOmbiDomainSummary::kNil};
   return {kMin, kMax, ~std::uint32_t{0}, KivOmbiDomainSummary::kAny};
 }
+
+bool KivOmbEnumInteger::Descriptor::HoldsGaps() const { return true; }
+
+std::span<const SubIntBase> KivOmbEnumInteger::Descriptor::GetValues(
+    const KivOmbiObject& object) const {
+  const KivOmbEnumInteger& domain = DomainOf(object);
+  const unsigned count = domain.Count();
+  return count > 0 ? std::span(&domain.values[0], count) : std::span<const SubIntBase>();
+}
+
+int KivOmbEnumInteger::Descriptor::KeepBetween(KivOmbiObject& object, std::int32_t lower,
+                                               std::int32_t upper) const {
+  KivOmbEnumInteger& domain = *StaticCast(&object);
+  const unsigned count = domain.Count();
+  if (count == 0) return 0;
+  const unsigned end = upper >= domain.GetLastU() ? count : domain.CountUpTo(upper);
+  const unsigned first = lower <= domain.GetFirstL() ? 0 : domain.CountBelow(lower);
+  if (first >= end) return domain.Nil();
+  domain.Keep(first, end);
+  return domain.Count() != count;
+}
+
+// One pass over both lists: the values that stay move to the front.
+int KivOmbEnumInteger::Descriptor::RemoveValues(KivOmbiObject& object,
+                                                std::span<const std::int32_t> values) const {
+  KivOmbEnumInteger& domain = *StaticCast(&object);
+  const unsigned count = domain.Count();
+  auto next = values.begin();
+  unsigned kept = 0;
+  for (unsigned i = 0; i < count; ++i) {
+    const SubIntBase value = domain.values[i];
+    while (next != values.end() && *next < value.GetValue()) ++next;
+    if (next != values.end() && *next == value.GetValue()) {
+      if (kept == i) domain.WillChange();
+      continue;
+    }
+    if (kept < i) domain.values[kept] = value;
+    ++kept;
+  }
+  if (kept == count) return 0;
+  if (kept == 0) return domain.Nil();
+  domain.values.DetachAt(kept, count);
+  return 1;
+}

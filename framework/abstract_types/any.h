@@ -80,6 +80,9 @@ class KIV_EXPORT KivOmbiAny : public KivOmbiObject {
   KivOmbiAny(const KivOmbiAny&) : KivOmbiObject() {}
   KivOmbiAny& operator=(const KivOmbiAny&) { return *this; }
 
+  // Whether this is the domain of a variable and no temporary.
+  bool HasOwner() const noexcept { return network_ != nullptr; }
+
   // A kind calls this before every write to its value, so that the network can save the domain
   // before the first write of a level. Costs one test for a domain without an owner.
   void WillChange() {

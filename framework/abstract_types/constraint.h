@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <new>
 #include <span>
+#include <type_traits>
 
 #include "framework/abstract_types/environment.h"
 #include "framework/calculator/descriptor.h"
@@ -63,14 +64,23 @@ class KIV_EXPORT KivOmbiConstraint : public KivOmbiObject {
   std::uint32_t number_ = 0;
 };
 
+// Whether the class T decides in an ActivateByArgument of its own if it is to run. One that does
+// not runs after each event that it asked for.
+template <class T>
+inline constexpr bool kKivDecidesToRun =
+    !std::is_same_v<decltype(&T::ActivateByArgument),
+                    decltype(&KivOmbiConstraint::ActivateByArgument)>;
+
 // The descriptor of the constraint class T, whose objects are made from the operator that they
 // propagate: `data` of ConstructObjectFrom is a KivOmbiCompoundObjectDescriptor.
+// Such a constraint runs after each event that it asked for.
 template <class T>
 class KivOmbiOperatorConstraintDescriptor final : public KivOmbiConstraintDescriptor {
  public:
   using KivOmbiConstraintDescriptor::KivOmbiConstraintDescriptor;
 
   KivOmbiObject* ConstructObjectFrom(void* memory, const void* data) const override {
+    static_assert(!kKivDecidesToRun<T>);
     return new (memory) T(static_cast<const KivOmbiCompoundObjectDescriptor*>(data));
   }
   std::int64_t GetObjectSize() const override { return sizeof(T); }

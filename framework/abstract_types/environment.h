@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "framework/abstract_types/any.h"
 #include "framework/abstract_types/integer.h"
 #include "framework/calculator/descriptor.h"
 #include "framework/calculator/domain_summary.h"
 #include "framework/calculator/network.h"
+#include "framework/intervals/sub_int_base.h"
 
 // A variable of a network.
 struct KivOmbiVariable {
@@ -37,6 +39,11 @@ class KivOmbiObjectEnvironment {
   // For an argument that is known to be an integer.
   const KivOmbiInteger& Integer(unsigned i) const {
     return static_cast<const KivOmbiInteger&>(Domain(i));
+  }
+  // The values of an argument whose kind lists them, ascending; valid until it is narrowed. None
+  // for other kinds and for an argument without values.
+  std::span<const SubIntBase> Values(unsigned i) const {
+    return At(i).kind->GetValues(*At(i).domain);
   }
   // Whether two arguments are one variable.
   bool IsSame(unsigned i, unsigned j) const { return arguments_[i] == arguments_[j]; }

@@ -62,6 +62,20 @@ int KivOmbiObjectDescriptor::RestoreState(KivOmbiObject&, const void*) const { r
 
 KivOmbiDomainSummary KivOmbiObjectDescriptor::Summarize(const KivOmbiObject&) const { return {}; }
 
+bool KivOmbiObjectDescriptor::HoldsGaps() const { return false; }
+
+std::span<const SubIntBase> KivOmbiObjectDescriptor::GetValues(const KivOmbiObject&) const {
+  return {};
+}
+
+int KivOmbiObjectDescriptor::KeepBetween(KivOmbiObject&, std::int32_t, std::int32_t) const {
+  return kNotOffered;
+}
+
+int KivOmbiObjectDescriptor::RemoveValues(KivOmbiObject&, std::span<const std::int32_t>) const {
+  return kNotOffered;
+}
+
 KivOmbiConstraintDescriptor::KivOmbiConstraintDescriptor(const KivString& name, unsigned arguments,
                                                          unsigned optional, bool can_propagate)
     : KivOmbiObjectDescriptor(name, nullptr, 0),

@@ -2,12 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "framework/base/export.h"
 #include "framework/base/kiv_string.h"
 #include "framework/calculator/domain_summary.h"
 #include "framework/calculator/object.h"
+#include "framework/intervals/sub_int_base.h"
 
 // What the framework knows of a kind of object: its name in models, its place below other kinds,
 // and how to size, construct and destroy its objects in memory of the framework.
@@ -49,6 +51,20 @@ class KIV_EXPORT KivOmbiObjectDescriptor : public KivOmbiBase {
   // Makes `object` what it was; 0 when there is no memory for it.
   virtual int RestoreState(KivOmbiObject& object, const void* state) const;
   virtual KivOmbiDomainSummary Summarize(const KivOmbiObject& object) const;
+
+  // The short ways to a domain of integers, which save the operands and the conversions of its
+  // operations. A kind that offers none of them is used by its operations alone.
+  // Whether a domain that holds values can lose any of them, and not only those at its bounds.
+  virtual bool HoldsGaps() const;
+  // The values of `object`, ascending, for a kind that lists them; valid until `object` is written.
+  // None for a domain without values and for other kinds.
+  virtual std::span<const SubIntBase> GetValues(const KivOmbiObject& object) const;
+  // Narrows `object` to what lies between the bounds, both included; one of them may be an
+  // infinity. The result code of an operation, or kNotOffered.
+  static constexpr int kNotOffered = -1;
+  virtual int KeepBetween(KivOmbiObject& object, std::int32_t lower, std::int32_t upper) const;
+  // Removes `values`, ascending, from `object`. The result code of an operation, or kNotOffered.
+  virtual int RemoveValues(KivOmbiObject& object, std::span<const std::int32_t> values) const;
 
   const KivString& GetName() const noexcept { return name_; }
   const KivOmbiObjectDescriptor* GetParent() const noexcept { return parent_; }

@@ -30,6 +30,10 @@ inline constexpr KivOmbiEvent kKivBounds = 2;   // a bound moved
 inline constexpr KivOmbiEvent kKivValues = 4;   // some value was lost: set at every change
 inline constexpr KivOmbiEvent kKivEmptied = 8;  // no value is left
 inline constexpr KivOmbiEvent kKivAnyEvent = 15;
+// A constraint that removes values may be left with one that a kind without gaps keeps inside its
+// bounds. By this it asks to hear of the bounds of such domains, and only of those; it is no event
+// itself.
+inline constexpr KivOmbiEvent kKivBoundsOfGapless = 16;
 
 // The events that lead from `before` to `after`; 0 when they are equal.
 inline KivOmbiEvent KivOmbiEvents(const KivOmbiDomainSummary& before,

@@ -2,7 +2,7 @@
 // of 2 or more; its sign is that of the exponent's parity for negative bases.
 
 #include <algorithm>
-#include <bit>
+#include <cmath>
 #include <cstdint>
 
 #include "framework/intervals/bound_arithmetic.h"
@@ -30,18 +30,15 @@ std::int64_t Magnitude(std::int64_t base, std::int64_t exponent) {
 
 // The least base from 0 whose power is `bound` or more, for a bound from 0 to kUnbounded.
 std::int64_t CeilRoot(std::int64_t bound, std::int64_t exponent) {
-  const auto bits = static_cast<std::int64_t>(std::bit_width(static_cast<std::uint64_t>(bound)));
-  std::int64_t lower = 0;
-  std::int64_t upper = std::int64_t{1} << (bits / exponent + 1);
-  while (lower < upper) {
-    const std::int64_t middle = (lower + upper) / 2;
-    if (Magnitude(middle, exponent) >= bound) {
-      upper = middle;
-    } else {
-      lower = middle + 1;
-    }
-  }
-  return lower;
+  if (exponent == 1) return bound;
+  // A root is at most 2^30, so that a double misses it by one at most.
+  const auto power = static_cast<double>(bound);
+  const double estimate =
+      exponent == 2 ? std::sqrt(power) : std::pow(power, 1.0 / static_cast<double>(exponent));
+  auto root = static_cast<std::int64_t>(estimate);
+  while (Magnitude(root, exponent) < bound) ++root;
+  while (root > 0 && Magnitude(root - 1, exponent) >= bound) --root;
+  return root;
 }
 
 // The greatest base whose power is `bound` or less; -1 when there is none, infinite when the bound

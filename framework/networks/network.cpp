@@ -14,6 +14,17 @@ namespace {
 // The largest alignment of the objects that descriptors construct: plain new's.
 constexpr std::size_t kObjectAlignment = alignof(std::max_align_t);
 
+// The events of a variable that a constraint is to hear of. What it asks for only where inner
+// values may stay is its bounds then: of a kind that keeps them, and of a domain that is unknown,
+// which loses nothing until it is known.
+KivOmbiEvent WakingEvents(const KivOmbiConstraint& constraint, unsigned argument,
+                          unsigned arguments, const KivOmbiVariable& variable) {
+  const KivOmbiEvent events = constraint.GetWakingEvents(argument, arguments);
+  if ((events & kKivBoundsOfGapless) == 0) return events;
+  const bool loses_any_value = variable.kind->HoldsGaps() && !variable.summary.IsAny();
+  return loses_any_value ? events : events | kKivBounds;
+}
+
 }  // namespace
 
 KivOmbNetwork::KivOmbNetwork() = default;
@@ -69,21 +80,25 @@ KivOmbNetwork::ConstraintId KivOmbNetwork::Post(const KivOmbiCompoundObjectDescr
     throw std::invalid_argument("an operand of '" + row.GetSymbol() + "' is missing");
   }
   void* memory = memory_.Allocate(static_cast<std::size_t>(kind.GetObjectSize()), kObjectAlignment);
-  return Adopt(static_cast<KivOmbiConstraint*>(kind.ConstructObjectFrom(memory, &row)), used);
+  return Adopt(static_cast<KivOmbiConstraint*>(kind.ConstructObjectFrom(memory, &row)), used,
+               false);
 }
 
 KivOmbNetwork::ConstraintId KivOmbNetwork::Adopt(KivOmbiConstraint* object,
-                                                 std::span<const VariableId> arguments) {
+                                                 std::span<const VariableId> arguments,
+                                                 bool decides_to_run) {
   const auto id = static_cast<ConstraintId>(constraints_.size());
   const auto count = static_cast<std::uint32_t>(arguments.size());
   object->SetNumber(id);
   constraints_.push_back({.object = object,
                           .first_argument = static_cast<std::uint32_t>(arguments_.size()),
                           .arguments = count,
-                          .cost = object->GetCost()});
+                          .cost = static_cast<std::uint8_t>(object->GetCost()),
+                          .decides_to_run = decides_to_run});
   arguments_.insert(arguments_.end(), arguments.begin(), arguments.end());
   for (std::uint32_t i = 0; i < count; ++i) {
-    subscriptions_[arguments[i]].push_back({id, i, object->GetWakingEvents(i, count)});
+    subscriptions_[arguments[i]].Add({id, i},
+                                     WakingEvents(*object, i, count, variables_[arguments[i]]));
   }
   if (GetLevel() > 0) late_posts_.push_back({id, GetLevel()});
   object->Activate(this);
@@ -136,7 +151,7 @@ void KivOmbNetwork::Run(ConstraintId id) {
   running_ = id;
   own_events_ = 0;
   const KivOmbiFilterResult result = constraint.object->Filter(EnvironmentOf(constraint), events);
-  running_.reset();
+  running_ = kNobody;
 
   if ((result & kKivContradiction) != 0 || outcome_ == Outcome::kContradiction) {
     Fail(Outcome::kContradiction, id);
@@ -151,7 +166,7 @@ void KivOmbNetwork::Run(ConstraintId id) {
   }
   if ((result & kKivEntailed) != 0) {
     constraint.entailed = true;
-    if (GetLevel() > 0) trail_.SaveEntailment(id);
+    trail_.SaveEntailment(id);
   } else if ((result & kKivAtFixpoint) == 0 && own_events_ != 0) {
     Enqueue(id, own_events_);
   }
@@ -164,7 +179,7 @@ bool KivOmbNetwork::ClaimHolds(ConstraintId id) {
   running_ = id;
   const KivOmbiFilterResult again =
       constraint.object->Filter(EnvironmentOf(constraint), kKivAnyEvent);
-  running_.reset();
+  running_ = kNobody;
   const bool unchanged = std::exchange(own_events_, events) == 0;
   return unchanged && (again & kKivContradiction) == 0 && outcome_ == Outcome::kFixpoint;
 }
@@ -265,16 +280,20 @@ void KivOmbNetwork::DestroyCopy(KivOmbiAny* copy) {
 }
 
 void KivOmbNetwork::Enqueue(std::uint32_t constraint, std::int64_t events) {
-  if (running_ == constraint) {
+  Constraint& waiting = constraints_[constraint];
+  if (!waiting.entailed) Wake(constraint, waiting, events);
+}
+
+// For a constraint that is not entailed.
+void KivOmbNetwork::Wake(ConstraintId id, Constraint& constraint, KivOmbiEvent events) {
+  if (running_ == id) {
     own_events_ |= events;
     return;
   }
-  Constraint& waiting = constraints_[constraint];
-  if (waiting.entailed) return;
-  waiting.events |= events;
-  if (waiting.queued) return;
-  waiting.queued = true;
-  queue_.Push(waiting.cost, constraint);
+  constraint.events |= static_cast<std::uint8_t>(events);
+  if (constraint.queued) return;
+  constraint.queued = true;
+  queue_.Push(constraint.cost, id);
 }
 
 void KivOmbNetwork::WillChange(std::uint32_t number) {
@@ -291,13 +310,17 @@ void KivOmbNetwork::Refresh(std::uint32_t number) {
   const KivOmbiEvent events = KivOmbiEvents(before, variable.summary);
   if (events == 0) return;
   if ((events & kKivEmptied) != 0) {
-    Fail(Outcome::kContradiction, running_);
+    Fail(Outcome::kContradiction, running_ != kNobody ? std::optional(running_) : std::nullopt);
     return;
   }
-  for (const Subscription& subscription : subscriptions_[number]) {
-    if ((subscription.events & events) == 0) continue;
-    constraints_[subscription.constraint].object->ActivateByArgument(subscription.argument, events,
-                                                                     this);
+  for (const auto [id, argument] : subscriptions_[number].Concerned(events)) {
+    Constraint& constraint = constraints_[id];
+    if (constraint.entailed) continue;
+    if (constraint.decides_to_run) {
+      constraint.object->ActivateByArgument(argument, events, this);
+    } else {
+      Wake(id, constraint, events);
+    }
   }
 }
 

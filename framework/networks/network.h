@@ -15,6 +15,7 @@
 #include "framework/networks/network_memory.h"
 #include "framework/networks/observer.h"
 #include "framework/networks/propagation_queue.h"
+#include "framework/networks/subscriptions.h"
 #include "framework/networks/trail.h"
 
 // Variables and constraints in memory of their own, propagated to the common fixpoint of all
@@ -51,6 +52,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   const KivOmbiObjectDescriptor& GetKind(VariableId variable) const {
     return *variables_[variable].kind;
   }
+  bool IsBoolean(VariableId variable) const { return variables_[variable].is_boolean; }
   const KivOmbiDomainSummary& GetSummary(VariableId variable) const {
     return variables_[variable].summary;
   }
@@ -74,7 +76,8 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   template <class T, class... Parameters>
   ConstraintId Emplace(std::span<const VariableId> arguments, Parameters&&... parameters) {
     void* memory = memory_.Allocate(sizeof(T), alignof(T));
-    return Adopt(new (memory) T(std::forward<Parameters>(parameters)...), arguments);
+    return Adopt(new (memory) T(std::forward<Parameters>(parameters)...), arguments,
+                 kKivDecidesToRun<T>);
   }
   std::size_t CountConstraints() const noexcept { return constraints_.size(); }
   const KivOmbiConstraint& GetConstraint(ConstraintId id) const { return *constraints_[id].object; }
@@ -131,15 +134,11 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
     KivOmbiConstraint* object = nullptr;
     std::uint32_t first_argument = 0;
     std::uint32_t arguments = 0;
-    std::int64_t events = 0;  // not told yet
-    KivOmbiConstraint::Cost cost = KivOmbiConstraint::kUnary;
+    std::uint8_t events = 0;  // not told yet
+    std::uint8_t cost = KivOmbiConstraint::kUnary;
     bool queued = false;
     bool entailed = false;
-  };
-  struct Subscription {
-    ConstraintId constraint;
-    std::uint32_t argument;
-    std::int64_t events;
+    bool decides_to_run = false;  // by an ActivateByArgument of its own
   };
   struct LatePost {
     ConstraintId constraint;
@@ -155,13 +154,15 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
     KivOmbiObject* objects[kScratchObjects];
   };
 
-  ConstraintId Adopt(KivOmbiConstraint* object, std::span<const VariableId> arguments);
+  ConstraintId Adopt(KivOmbiConstraint* object, std::span<const VariableId> arguments,
+                     bool decides_to_run);
   KivOmbiObjectEnvironment EnvironmentOf(const Constraint& constraint);
   KivOmbiObject* Construct(const KivOmbiObjectDescriptor& kind);
   void RunObserved(ConstraintId id);
   void Run(ConstraintId id);
   bool IsToStop();
   bool ClaimHolds(ConstraintId id);
+  void Wake(ConstraintId id, Constraint& constraint, KivOmbiEvent events);
   void Fail(Outcome outcome, std::optional<ConstraintId> culprit);
   void ClearQueue();
   void Apply(const Assertion& assertion);
@@ -170,7 +171,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
 
   KivOmbiNetworkMemory memory_;
   std::vector<KivOmbiVariable> variables_;
-  std::vector<std::vector<Subscription>> subscriptions_;  // by variable
+  std::vector<KivOmbiSubscriptions> subscriptions_;  // by variable
   std::vector<Constraint> constraints_;
   std::vector<VariableId> arguments_;  // of all constraints, one after the other
   std::vector<LatePost> late_posts_;
@@ -184,7 +185,8 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   // A constraint that found only values beyond the range for an unknown variable, and where.
   std::optional<ConstraintId> overflow_;
   std::size_t overflow_level_ = 0;
-  std::optional<ConstraintId> running_;
+  static constexpr ConstraintId kNobody = ~ConstraintId{0};
+  ConstraintId running_ = kNobody;
   std::int64_t own_events_ = 0;  // that the running constraint caused itself
   const std::atomic<bool>* stop_ = nullptr;
   std::optional<Clock::time_point> deadline_;

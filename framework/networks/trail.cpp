@@ -13,7 +13,8 @@ std::size_t Aligned(std::size_t size) {
 }  // namespace
 
 void KivOmbiTrail::PushLevel() {
-  levels_.push_back({entries_.size(), states_.size(), words_.size(), ++last_stamp_});
+  levels_.push_back(
+      {domains_.size(), entailed_.size(), states_.size(), words_.size(), ++last_stamp_});
 }
 
 std::size_t KivOmbiTrail::SaveDomain(std::uint32_t number, KivOmbiVariable& variable) {
@@ -21,23 +22,15 @@ std::size_t KivOmbiTrail::SaveDomain(std::uint32_t number, KivOmbiVariable& vari
   const std::size_t state = states_.size();
   states_.resize(state + Aligned(size));
   variable.kind->SaveState(*variable.domain, states_.data() + state);
-  entries_.push_back({number, true, variable.summary, variable.saved_at, state});
+  domains_.push_back({variable.summary, variable.saved_at, state, number});
   variable.saved_at = GetStamp();
   return size;
 }
 
-void KivOmbiTrail::SaveEntailment(std::uint32_t constraint) {
-  entries_.push_back({constraint, false, {}, 0, 0});
-}
-
-void KivOmbiTrail::SaveWord(std::uint64_t& word) {
-  if (!levels_.empty()) words_.push_back({&word, word});
-}
-
-void KivOmbiTrail::RestoreDomain(const Entry& entry, KivOmbiVariable& variable) {
-  if (variable.kind->RestoreState(*variable.domain, states_.data() + entry.state) == 0) {
+void KivOmbiTrail::RestoreDomain(const Domain& saved, KivOmbiVariable& variable) {
+  if (variable.kind->RestoreState(*variable.domain, states_.data() + saved.state) == 0) {
     throw std::bad_alloc();
   }
-  variable.summary = entry.summary;
-  variable.saved_at = entry.saved_at;
+  variable.summary = saved.summary;
+  variable.saved_at = saved.saved_at;
 }

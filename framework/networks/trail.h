@@ -9,9 +9,8 @@
 
 // What it takes to go back: for each open level the domains that were written in it, as they were
 // before, the constraints that were found entailed, and the words of their own that constraints
-// changed. A domain is saved at its first write of a
-// level only, so a level costs what it changed. Room once made is kept: in the steady state of a
-// search nothing is allocated.
+// changed. A domain is saved at its first write of a level only, so a level costs what it
+// changed. Room once made is kept: in the steady state of a search nothing is allocated.
 class KIV_EXPORT KivOmbiTrail {
  public:
   std::size_t GetLevel() const noexcept { return levels_.size(); }
@@ -22,15 +21,20 @@ class KIV_EXPORT KivOmbiTrail {
   void PushLevel();
   // Saves the domain of a variable; returns the number of bytes.
   std::size_t SaveDomain(std::uint32_t number, KivOmbiVariable& variable);
-  void SaveEntailment(std::uint32_t constraint);
-  // Saves a word of memory that outlives the level. Does nothing outside all levels.
-  void SaveWord(std::uint64_t& word);
+  // Do nothing outside all levels.
+  void SaveEntailment(std::uint32_t constraint) {
+    if (!levels_.empty()) entailed_.push_back(constraint);
+  }
+  // Saves a word of memory that outlives the level.
+  void SaveWord(std::uint64_t& word) {
+    if (!levels_.empty()) words_.push_back({&word, word});
+  }
   // Calls `visit(number)` for each variable whose domain was saved at the current level.
   template <class Visit>
   void VisitSavedDomains(Visit&& visit) const {
     if (levels_.empty()) return;
-    for (std::size_t i = levels_.back().entries; i < entries_.size(); ++i) {
-      if (entries_[i].is_domain) visit(entries_[i].number);
+    for (std::size_t i = levels_.back().domains; i < domains_.size(); ++i) {
+      visit(domains_[i].variable);
     }
   }
   // Restores the domains of the last level, latest first, and calls `revive(constraint)` for each
@@ -38,15 +42,10 @@ class KIV_EXPORT KivOmbiTrail {
   template <class Revive>
   void PopLevel(std::vector<KivOmbiVariable>& variables, Revive&& revive) {
     const Level level = levels_.back();
-    while (entries_.size() > level.entries) {
-      const Entry& entry = entries_.back();
-      if (entry.is_domain) {
-        RestoreDomain(entry, variables[entry.number]);
-      } else {
-        revive(entry.number);
-      }
-      entries_.pop_back();
+    for (; domains_.size() > level.domains; domains_.pop_back()) {
+      RestoreDomain(domains_.back(), variables[domains_.back().variable]);
     }
+    for (; entailed_.size() > level.entailed; entailed_.pop_back()) revive(entailed_.back());
     for (; words_.size() > level.words; words_.pop_back()) {
       *words_.back().address = words_.back().value;
     }
@@ -56,28 +55,28 @@ class KIV_EXPORT KivOmbiTrail {
 
  private:
   struct Level {
-    std::size_t entries;
+    std::size_t domains;
+    std::size_t entailed;
     std::size_t states;
     std::size_t words;
     std::uint64_t stamp;
   };
-  struct Entry {
-    std::uint32_t number;  // of the variable or constraint
-    bool is_domain;
+  struct Domain {
     KivOmbiDomainSummary summary;
     std::uint64_t saved_at;  // the variable's, before
     std::size_t state;       // where in states_
+    std::uint32_t variable;
   };
-
   struct Word {
     std::uint64_t* address;
     std::uint64_t value;  // before
   };
 
-  void RestoreDomain(const Entry& entry, KivOmbiVariable& variable);
+  void RestoreDomain(const Domain& saved, KivOmbiVariable& variable);
 
   std::vector<Level> levels_;
-  std::vector<Entry> entries_;
+  std::vector<Domain> domains_;
+  std::vector<std::uint32_t> entailed_;
   std::vector<std::byte> states_;
   std::vector<Word> words_;
   std::uint64_t last_stamp_ = 0;

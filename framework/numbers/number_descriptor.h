@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "framework/calculator/descriptor.h"
+#include "framework/numbers/bounded_integer.h"
 
 // The descriptor of a kind T of this library, whose whole state is the plain `value_` of type
 // T::Value. ConstructObjectFrom takes such a state, as SaveState writes it.
@@ -30,6 +31,15 @@ class KivOmbNumberDescriptor final : public KivOmbiObjectDescriptor {
   }
   KivOmbiDomainSummary Summarize(const KivOmbiObject& object) const override {
     return static_cast<const T&>(object).Summarize();
+  }
+
+  int KeepBetween([[maybe_unused]] KivOmbiObject& object, [[maybe_unused]] std::int32_t lower,
+                  [[maybe_unused]] std::int32_t upper) const override {
+    if constexpr (std::is_base_of_v<KivOmbBoundedInteger, T>) {
+      return static_cast<T&>(object).KeepBetween(lower, upper);
+    } else {
+      return kNotOffered;
+    }
   }
 
  private:

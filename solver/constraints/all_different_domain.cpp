@@ -36,8 +36,7 @@ void AllDifferentDomain::BuildGraph(const KivOmbiObjectEnvironment& environment)
     }
     const std::int64_t offset = OffsetOf(offsets_, i);
     matching_.AddTerm(i);
-    ForEachValue(environment.Integer(i), summary,
-                 [&](std::int32_t value) { matching_.AddValue(value + offset); });
+    ForEachValue(environment, i, [&](std::int32_t value) { matching_.AddValue(value + offset); });
   }
 }
 

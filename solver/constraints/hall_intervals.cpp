@@ -20,12 +20,33 @@ void Shorten(std::vector<unsigned>& steps, unsigned from, unsigned to, unsigned 
   while (from != to) from = std::exchange(steps[from], target);
 }
 
+// Sorts what is mostly sorted already.
+template <class KeyOf>
+void SortAgain(std::vector<unsigned>& order, KeyOf&& key_of) {
+  std::size_t moves_left = 8 * order.size();
+  for (std::size_t k = 1; k < order.size(); ++k) {
+    const unsigned moving = order[k];
+    const std::int64_t key = key_of(moving);
+    std::size_t place = k;
+    for (; place > 0 && key_of(order[place - 1]) > key; --place) {
+      if (moves_left-- == 0) {
+        order[place] = moving;
+        std::ranges::sort(order, {}, key_of);
+        return;
+      }
+      order[place] = order[place - 1];
+    }
+    order[place] = moving;
+  }
+}
+
 }  // namespace
 
 void HallIntervals::Resize(unsigned count) {
   intervals_.resize(count);
-  by_upper_.resize(count);
-  std::iota(by_upper_.begin(), by_upper_.end(), 0u);
+  by_lower_.resize(count);
+  std::iota(by_lower_.begin(), by_lower_.end(), 0u);
+  by_upper_ = by_lower_;
   ends_.reserve(2 * std::size_t{count} + 2);
   places_.resize(count);
   room_.reserve(2 * std::size_t{count} + 2);
@@ -43,39 +64,48 @@ bool HallIntervals::Narrow() {
 }
 
 bool HallIntervals::AreDisjoint() const {
-  // The order of the last pass is by lower ends, from above.
-  const auto meet = [&](unsigned above, unsigned below) {
+  // The last pass, over the mirrored intervals, had these in order and moved upper ends only.
+  const auto meet = [&](unsigned below, unsigned above) {
     return intervals_[below].upper >= intervals_[above].lower;
   };
-  return std::ranges::adjacent_find(by_upper_, meet) == by_upper_.end();
+  return std::ranges::adjacent_find(by_lower_, meet) == by_lower_.end();
 }
 
 void HallIntervals::Mirror() {
   for (Interval& interval : intervals_) interval = {-interval.upper, -interval.lower};
+  std::swap(by_lower_, by_upper_);
+  std::ranges::reverse(by_lower_);
+  std::ranges::reverse(by_upper_);
+}
+
+void HallIntervals::SortEnds() {
+  SortAgain(by_lower_, [&](unsigned i) { return intervals_[i].lower; });
+  SortAgain(by_upper_, [&](unsigned i) { return intervals_[i].upper; });
 }
 
 void HallIntervals::PlaceEnds() {
   ends_.clear();
-  for (const Interval& interval : intervals_) {
-    ends_.push_back(interval.lower);
-    ends_.push_back(interval.upper + 1);
-  }
-  std::ranges::sort(ends_);
-  ends_.erase(std::unique(ends_.begin(), ends_.end()), ends_.end());
-  ends_.insert(ends_.begin(), ends_.front() - 2);
-  ends_.push_back(ends_.back() + 2);
+  ends_.push_back(intervals_[by_lower_.front()].lower - 2);
   const auto place = [&](std::int64_t end) {
-    return static_cast<unsigned>(std::ranges::lower_bound(ends_, end) - ends_.begin());
+    if (ends_.back() != end) ends_.push_back(end);
+    return static_cast<unsigned>(ends_.size() - 1);
   };
-  for (std::size_t i = 0; i < intervals_.size(); ++i) {
-    places_[i] = {place(intervals_[i].lower), place(intervals_[i].upper + 1)};
+  // No interval is empty, so that all begin before the last one ends.
+  auto beginning = by_lower_.begin();
+  for (const unsigned i : by_upper_) {
+    const std::int64_t end = intervals_[i].upper + 1;
+    for (; beginning != by_lower_.end() && intervals_[*beginning].lower <= end; ++beginning) {
+      places_[*beginning].begin = place(intervals_[*beginning].lower);
+    }
+    places_[i].end = place(end);
   }
+  ends_.push_back(ends_.back() + 2);
 }
 
 // Intervals take an integer each in the order of their upper ends, as low as is left. Where the
 // integers up to an upper end are used up, a Hall interval ends.
 bool HallIntervals::RaiseLowerEnds() {
-  std::ranges::sort(by_upper_, {}, [&](unsigned i) { return std::pair(intervals_[i].upper, i); });
+  SortEnds();
   PlaceEnds();
   const auto places = static_cast<unsigned>(ends_.size());
   room_.resize(places);

@@ -13,7 +13,8 @@ namespace kiv {
 // A Hall interval contains as many of the intervals as it has integers: those take all of it, and
 // every other interval that starts or ends in it is cut at its end. The cuts are found as in
 // A. Lopez-Ortiz, C.-G. Quimper, J. Tromp, P. van Beek, "A fast and simple algorithm for bounds
-// consistency of the alldifferent constraint" (IJCAI 2003), in O(n log n).
+// consistency of the alldifferent constraint" (IJCAI 2003), in O(n log n); mostly in O(n), since
+// the orders of the ends are kept, and change little from one run to the next.
 class KIV_EXPORT HallIntervals {
  public:
   // Bounds within [-2^62, 2^62].
@@ -37,9 +38,11 @@ class KIV_EXPORT HallIntervals {
  private:
   bool RaiseLowerEnds();
   void Mirror();
+  void SortEnds();
   void PlaceEnds();
 
   std::vector<Interval> intervals_;
+  std::vector<unsigned> by_lower_;
   std::vector<unsigned> by_upper_;
   // Where intervals begin and where they have just ended, ascending, between two sentinels; and the
   // places of each interval's two ends among them.

@@ -45,7 +45,7 @@ std::int64_t LinearDisequality::Filter(const KivOmbiObjectEnvironment& environme
 KivOmbiConstraint::Cost LinearDisequality::GetCost() const { return sum_.GetCost(); }
 
 std::int64_t LinearDisequality::GetWakingEvents(unsigned, unsigned) const {
-  return kKivFixed | kKivBounds;
+  return kKivFixed | kKivBoundsOfGapless;
 }
 
 bool LinearDisequality::Holds(std::span<const std::int64_t> values) const {

@@ -72,6 +72,19 @@ struct Limits {
     return (high && totals.open_below == 0 && totals.lower > *high) ||
            (low && totals.open_above == 0 && totals.upper < *low);
   }
+  // By how much one share may differ from the least or the greatest that it adds to the totals and
+  // still meet the limits: no argument whose share spreads less is narrowed. -1 when that cannot be
+  // told.
+  Wide SlackOf(const Totals<Wide>& totals) const {
+    if (totals.open_below != 0 || totals.open_above != 0) return -1;
+    if (!high) return totals.upper - *low;
+    return low ? std::min<Wide>(*high - totals.lower, totals.upper - *low) : *high - totals.lower;
+  }
+  // Whether what the totals tell of the arguments differs.
+  bool TellMore(const Totals<Wide>& before, const Totals<Wide>& after) const {
+    return (high && (before.lower != after.lower || before.open_below != after.open_below)) ||
+           (low && (before.upper != after.upper || before.open_above != after.open_above));
+  }
   bool HoldAll(const Totals<Wide>& totals) const {
     return (!high || (totals.open_above == 0 && totals.upper <= *high)) &&
            (!low || (totals.open_below == 0 && totals.lower >= *low));
@@ -94,8 +107,11 @@ KivOmbiFilterResult NarrowEach(const KivOmbiObjectEnvironment& environment,
                                std::span<const std::int64_t> coefficients,
                                const Limits<Wide>& limits, Totals<Wide>& totals, bool& changed) {
   KivOmbiFilterResult overflow = 0;
+  Wide slack = limits.SlackOf(totals);
   for (unsigned i = 0; i < coefficients.size(); ++i) {
     const KivOmbiDomainSummary before = environment.Summary(i);
+    const Wide spread = static_cast<Wide>(coefficients[i]) * (Wide{before.upper} - before.lower);
+    if ((spread < 0 ? -spread : spread) <= slack) continue;
     const Share<Wide> share(coefficients[i], before);
     Totals<Wide> others = totals;
     others.Remove(share);
@@ -112,9 +128,10 @@ KivOmbiFilterResult NarrowEach(const KivOmbiObjectEnvironment& environment,
     if ((result & kKivContradiction) != 0) return result;
     overflow |= result;
     if (environment.Summary(i) == before) continue;
-    changed = true;
+    others.Add(Share<Wide>(coefficients[i], environment.Summary(i)));
+    changed |= limits.TellMore(totals, others);
     totals = others;
-    totals.Add(Share<Wide>(coefficients[i], environment.Summary(i)));
+    slack = limits.SlackOf(totals);
   }
   return overflow;
 }

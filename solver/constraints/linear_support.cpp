@@ -6,6 +6,7 @@
 
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/unit_sum_support.h"
 #include "solver/constraints/values.h"
 
 namespace kiv {
@@ -24,13 +25,14 @@ bool IsFull(const KivOmbiDomainSummary& summary) {
 // The values of a listable domain, ascending, with a position each.
 class ValueList {
  public:
-  void Load(const KivOmbiInteger& domain, const KivOmbiDomainSummary& summary) {
+  void Load(const KivOmbiObjectEnvironment& environment, unsigned argument) {
+    const KivOmbiDomainSummary& summary = environment.Summary(argument);
     first_ = summary.lower;
     count_ = summary.cardinality;
     is_full_ = IsFull(summary);
     if (is_full_) return;
     std::size_t i = 0;
-    ForEachValue(domain, summary, [&](std::int32_t value) { values_[i++] = value; });
+    ForEachValue(environment, argument, [&](std::int32_t value) { values_[i++] = value; });
   }
 
   unsigned Count() const { return count_; }
@@ -66,11 +68,25 @@ struct Column {
 
   void Load(const KivOmbiObjectEnvironment& environment) {
     is_listed = IsListable(environment.Summary(argument));
-    if (is_listed) values.Load(environment.Integer(argument), environment.Summary(argument));
+    if (is_listed) values.Load(environment, argument);
   }
 };
 
-using Marks = std::bitset<kMostListedValues>;
+// Positions that were marked.
+class Marks {
+ public:
+  void Set(unsigned position) {
+    if (marks_[position]) return;
+    marks_.set(position);
+    ++count_;
+  }
+  bool Has(unsigned position) const { return marks_[position]; }
+  unsigned Count() const { return count_; }
+
+ private:
+  std::bitset<kMostListedValues> marks_;
+  unsigned count_ = 0;
+};
 
 // The pairs of values of the two smaller domains, and for each the value that the third argument
 // must have. Sums are computed in the type Wide.
@@ -108,9 +124,9 @@ class Triples {
     ForEach([&](unsigned i, unsigned j, Wide value) {
       const unsigned k = PositionInLast(value);
       if (k == kNotThere) return true;
-      supported[0].set(i);
-      supported[1].set(j);
-      if (Last().is_listed) supported[2].set(k);
+      supported[0].Set(i);
+      supported[1].Set(j);
+      if (Last().is_listed) supported[2].Set(k);
       hull.lower = std::min(hull.lower, ToHullBound(value));
       hull.upper = std::max(hull.upper, ToHullBound(value));
       return true;
@@ -203,18 +219,18 @@ class Triples {
   // Removes the values that are not marked, of which some are.
   KivOmbiFilterResult Keep(const Column& column, const Marks& marks) const {
     const ValueList& values = column.values;
-    if (marks.count() == values.Count()) return 0;
+    if (marks.Count() == values.Count()) return 0;
     unsigned first = 0;
     unsigned last = values.Count() - 1;
-    while (!marks[first]) ++first;
-    while (!marks[last]) --last;
+    while (!marks.Has(first)) ++first;
+    while (!marks.Has(last)) --last;
     const unsigned i = column.argument;
     if (const auto result = TightenLower(environment_, i, values.At(first))) return result;
     if (const auto result = TightenUpper(environment_, i, values.At(last))) return result;
     const bool possible = environment_.NarrowInteger(i, [&](KivOmbiInteger& domain) {
       int changed = 0;
       for (unsigned k = first; k < last; ++k) {
-        if (!marks[k]) changed |= domain.RemoveExactValue(values.At(k));
+        if (!marks.Has(k)) changed |= domain.RemoveExactValue(values.At(k));
       }
       return changed;
     });
@@ -256,6 +272,7 @@ bool IsPossible(const KivOmbiObjectEnvironment& environment, const LinearSum& su
 KivOmbiFilterResult NarrowToSupported(const KivOmbiObjectEnvironment& environment,
                                       const LinearSum& sum, Int128 constant) {
   if (HasNoGaps(environment, sum)) return 0;
+  if (const auto result = NarrowUnitSum(environment, sum, constant)) return *result;
   return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, constant)
                         : Narrow<Int128>(environment, sum, constant);
 }

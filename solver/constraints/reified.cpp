@@ -52,14 +52,14 @@ Reified::Reified(std::unique_ptr<KivOmbiConstraint> inner, Reification reificati
     : KivOmbiConstraint(&descriptor), inner_(std::move(inner)), reification_(reification) {}
 
 void Reified::Activate(KivOmbiNetwork* network) {
+  network_ = network;
   inner_->SetNumber(GetNumber());
-  inner_->Activate(network);
   KivOmbiConstraint::Activate(network);
 }
 
-// What the inner constraint notes about changes it notes while its truth is open, too.
 void Reified::ActivateByArgument(unsigned index, std::int64_t events, KivOmbiNetwork* network) {
-  if (index < values_.size()) inner_->ActivateByArgument(index, events, network);
+  const bool concerns_inner = is_imposed_ != 0 && index < values_.size();
+  if (concerns_inner) return inner_->ActivateByArgument(index, events, network);
   KivOmbiConstraint::ActivateByArgument(index, events, network);
 }
 
@@ -68,7 +68,10 @@ std::int64_t Reified::Filter(const KivOmbiObjectEnvironment& environment, std::i
   const KivOmbiObjectEnvironment arguments = environment.First(truth);
   values_.resize(truth);
   const KivOmbiDomainSummary& known = environment.Summary(truth);
-  if (IsKnown(known, true)) return inner_->Filter(arguments, kKivAnyEvent);
+  if (IsKnown(known, true)) {
+    Impose(environment);
+    return inner_->Filter(arguments, kKivAnyEvent);
+  }
   if (known.IsFixed() && reification_ == Reification::kImplication) return kKivEntailed;
   if (AreTwoOpen(arguments)) return kKivAtFixpoint;
 
@@ -82,6 +85,14 @@ std::int64_t Reified::Filter(const KivOmbiObjectEnvironment& environment, std::i
   return FilterReified(
       environment, truth, reification_, [&] { return std::optional(inner_->Holds(values_)); },
       [&](bool) { return inner_->Holds(values_) ? kKivContradiction : kKivEntailed; });
+}
+
+// The inner constraint begins anew: it was not told of changes before, and what it concluded on
+// another branch is gone.
+void Reified::Impose(const KivOmbiObjectEnvironment& environment) {
+  if (is_imposed_ != 0) return;
+  environment.SetWord(is_imposed_, 1);
+  inner_->Activate(network_);
 }
 
 // Also finds out which one is open when there are not two.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -28,6 +29,7 @@ class KIV_EXPORT Reified final : public KivOmbiConstraint {
   bool Holds(std::span<const std::int64_t> values) const override;
 
  private:
+  void Impose(const KivOmbiObjectEnvironment& environment);
   bool AreTwoOpen(const KivOmbiObjectEnvironment& arguments);
   bool HoldsFor(const KivOmbiObjectEnvironment& arguments, unsigned open, std::int64_t value);
   KivOmbiFilterResult NarrowItself(const KivOmbiObjectEnvironment& arguments, unsigned open);
@@ -35,6 +37,8 @@ class KIV_EXPORT Reified final : public KivOmbiConstraint {
 
   std::unique_ptr<KivOmbiConstraint> inner_;
   Reification reification_;
+  KivOmbiNetwork* network_ = nullptr;
+  std::uint64_t is_imposed_ = 0;  // 1 while the inner constraint runs itself; restored
   // The first open argument, and one of another variable, as they were found last; two that are
   // open still were so on earlier levels too, so that they need no restoring.
   std::array<unsigned, 2> open_{0, 0};

@@ -23,7 +23,7 @@ class StuckValues {
 
   // The events that may wake a constraint, and whether those of argument i must. Before its first
   // run the constraint waits for it anyway.
-  static constexpr std::int64_t kWakingEvents = kKivFixed | kKivBounds;
+  static constexpr std::int64_t kWakingEvents = kKivFixed | kKivBoundsOfGapless;
   bool MustWake(unsigned i, std::int64_t events) const {
     return (events & kKivFixed) != 0 || stuck_.empty() || Has(i);
   }

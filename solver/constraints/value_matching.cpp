@@ -16,14 +16,37 @@ void ValueMatching::AddTerm(unsigned label) { terms_.push_back({label, edges_.si
 
 void ValueMatching::AddValue(std::int64_t value) { edges_.push_back({value, false}); }
 
+// The place of a value in the universe, or kNone.
+unsigned ValueMatching::PlaceOf(std::int64_t value) const {
+  if (!place_of_.empty()) {
+    const std::int64_t distance = value - universe_.front();
+    const bool is_near = distance >= 0 && distance < static_cast<std::int64_t>(place_of_.size());
+    return is_near ? place_of_[static_cast<std::size_t>(distance)] : kNone;
+  }
+  const auto place = std::ranges::lower_bound(universe_, value);
+  return place != universe_.end() && *place == value
+             ? static_cast<unsigned>(place - universe_.begin())
+             : kNone;
+}
+
 bool ValueMatching::FindPlaces() {
   places_.resize(edges_.size());
   for (std::size_t e = 0; e < edges_.size(); ++e) {
-    const auto place = std::ranges::lower_bound(universe_, edges_[e].value);
-    if (place == universe_.end() || *place != edges_[e].value) return false;
-    places_[e] = static_cast<unsigned>(place - universe_.begin());
+    places_[e] = PlaceOf(edges_[e].value);
+    if (places_[e] == kNone) return false;
   }
   return true;
+}
+
+void ValueMatching::IndexUniverse() {
+  place_of_.clear();
+  if (universe_.empty()) return;
+  const auto width = static_cast<std::uint64_t>(universe_.back() - universe_.front()) + 1;
+  if (width > 8 * std::uint64_t{universe_.size()}) return;
+  place_of_.resize(width, kNone);
+  for (unsigned place = 0; place < universe_.size(); ++place) {
+    place_of_[static_cast<std::size_t>(universe_[place] - universe_.front())] = place;
+  }
 }
 
 void ValueMatching::PlaceValues() {
@@ -31,6 +54,7 @@ void ValueMatching::PlaceValues() {
     for (const Edge& edge : edges_) universe_.push_back(edge.value);
     std::ranges::sort(universe_);
     universe_.erase(std::unique(universe_.begin(), universe_.end()), universe_.end());
+    IndexUniverse();
     FindPlaces();
   }
   values_.assign(universe_.size(), {kNone, kNone, 0});

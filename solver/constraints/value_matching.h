@@ -73,7 +73,9 @@ class KIV_EXPORT ValueMatching {
   std::size_t EndOf(unsigned term) const {
     return term + 1 < terms_.size() ? terms_[term + 1].first_edge : edges_.size();
   }
+  unsigned PlaceOf(std::int64_t value) const;
   bool FindPlaces();
+  void IndexUniverse();
   void PlaceValues();
   void TakeLastMatching();
   bool Augment(unsigned root);
@@ -87,6 +89,8 @@ class KIV_EXPORT ValueMatching {
   std::vector<unsigned> places_;  // of the values of edges_ in values_
   // All values ever seen, ascending, so that a graph seldom has new ones; and what is told of them.
   std::vector<std::int64_t> universe_;
+  std::vector<unsigned>
+      place_of_;  // by the distance from the least of them, unless they lie far apart
   std::vector<Value> values_;
   std::vector<std::int64_t> last_value_;  // by label
   std::vector<char> has_last_value_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "framework/abstract_types/environment.h"
 #include "framework/intervals/sub_int_base.h"
@@ -28,6 +29,21 @@ void ForEachValue(const KivOmbiInteger& domain, const KivOmbiDomainSummary& summ
     value = next;
   }
   use(last);
+}
+
+// Calls `use(value)` for the values of listable argument i in ascending order. `use` narrows
+// nothing.
+template <class Use>
+void ForEachValue(const KivOmbiObjectEnvironment& environment, unsigned i, Use&& use) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  if (std::int64_t{summary.upper} - summary.lower + 1 == summary.cardinality) {
+    for (std::int32_t value = summary.lower; value < summary.upper; ++value) use(value);
+    use(summary.upper);
+    return;
+  }
+  const std::span<const SubIntBase> values = environment.Values(i);
+  if (values.empty()) return ForEachValue(environment.Integer(i), summary, use);
+  for (const SubIntBase value : values) use(value.GetValue());
 }
 
 // Removes the values of listable argument i for which `keep` is false. False when none is left.

@@ -43,8 +43,7 @@ std::vector<Posting::VariableId> Posting::GetVariables(std::size_t i) const {
   return variables;
 }
 
-LinearExpression Posting::GetExpression(std::size_t i) const {
-  const Expression value = GetArgument(i);
+LinearExpression Posting::GetExpression(Expression value) const {
   return IsConstant(value) ? LinearExpression(value.GetValue())
                            : LinearExpression(LinearTerm{1, GetVariable(value)});
 }
@@ -55,9 +54,7 @@ LinearExpression Posting::GetSum(std::size_t coefficients, std::size_t variables
   if (factors.size() != values.size()) Refuse("takes as many coefficients as variables");
   LinearExpression sum;
   for (std::size_t k = 0; k < values.size(); ++k) {
-    LinearExpression term = IsConstant(values[k])
-                                ? LinearExpression(values[k].GetValue())
-                                : LinearExpression(LinearTerm{1, GetVariable(values[k])});
+    LinearExpression term = GetExpression(values[k]);
     if (!term.Scale(factors[k].GetValue()) || !sum.Add(term)) {
       Refuse("has numbers that do not fit 64 bits");
     }

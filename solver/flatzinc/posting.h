@@ -53,7 +53,8 @@ class KIV_EXPORT Posting {
   std::vector<VariableId> GetVariables(std::size_t i) const;
 
   // An integer or boolean, or coefficients times such, exactly.
-  LinearExpression GetExpression(std::size_t i) const;
+  LinearExpression GetExpression(Expression value) const;
+  LinearExpression GetExpression(std::size_t i) const { return GetExpression(GetArgument(i)); }
   LinearExpression GetSum(std::size_t coefficients, std::size_t variables) const;
 
   // The last argument, which the constraint is tied to; none for a plain constraint.

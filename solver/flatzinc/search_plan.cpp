@@ -71,8 +71,7 @@ std::optional<Objective> FindObjective(Builder& builder) {
 
 SearchPlan PlanSearch(Builder& builder, const SearchWishes& wishes) {
   const std::optional<Objective> objective = FindObjective(builder);
-  AnnotatedSearch annotated;
-  if (!wishes.free) annotated = ReadSearchAnnotations(builder);
+  AnnotatedSearch annotated = ReadSearchAnnotations(builder);
 
   SearchPlan plan;
   plan.warnings = std::move(annotated.warnings);
@@ -82,12 +81,18 @@ SearchPlan PlanSearch(Builder& builder, const SearchWishes& wishes) {
   plan.options.complete_once = true;
   const bool is_annotated = !annotated.strategy.empty();
   if (is_annotated) {
+    // Even a free search profits from knowing which variables decide, and in which direction.
+    if (wishes.free) {
+      for (StrategyBlock& block : annotated.strategy) {
+        block.variable_choice = VariableChoice::kDomWDeg;
+      }
+    }
     // The default block takes what the others leave of the decisions.
     std::ranges::move(plan.options.strategy, std::back_inserter(annotated.strategy));
     plan.options.strategy = std::move(annotated.strategy);
   }
-  if (is_annotated || (wishes.all && !objective)) plan.options.restarts = {};
-  if (annotated.restarts) plan.options.restarts = *annotated.restarts;
+  if ((is_annotated && !wishes.free) || (wishes.all && !objective)) plan.options.restarts = {};
+  if (annotated.restarts && !wishes.free) plan.options.restarts = *annotated.restarts;
   // Where every solution is wanted it would only slow the search down.
   plan.options.restarts.on_solution = annotated.restarts_on_solution && objective;
   return plan;

@@ -16,6 +16,7 @@ namespace {
 bool CanLose(KivOmbNetwork& network, KivOmbNetwork::VariableId variable, std::int32_t value) {
   const KivOmbiDomainSummary& summary = network.GetSummary(variable);
   if (value == summary.lower || value == summary.upper) return true;
+  if (network.GetKind(variable).HoldsGaps()) return true;
   auto& copy = static_cast<KivOmbiInteger&>(network.Scratch(network.GetKind(variable), 0));
   copy.Assign(network.GetDomain(variable));
   return copy.RemoveExactValue(value) != 0;

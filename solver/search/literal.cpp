@@ -13,8 +13,8 @@ using Relation = Literal::Relation;
 bool MayBe(const KivOmbNetwork& network, KivOmbNetwork::VariableId variable, std::int32_t value) {
   const KivOmbiDomainSummary& summary = network.GetSummary(variable);
   if (value < summary.lower || value > summary.upper) return false;
-  const auto* integer = KivCast<KivOmbiInteger>(&network.GetDomain(variable));
-  return integer == nullptr || integer->MayBe(value);
+  return network.IsBoolean(variable) ||
+         static_cast<const KivOmbiInteger&>(network.GetDomain(variable)).MayBe(value);
 }
 
 bool Admits(const Literal& literal, std::int32_t value) {
@@ -37,8 +37,24 @@ void Narrow(KivOmbiBoolean& domain, const Literal& literal) {
   }
 }
 
-// `edge` is of the domain's own kind, whose operands no kind refuses.
-void Narrow(KivOmbiInteger& domain, const Literal& literal, KivOmbiInteger& edge) {
+// Narrows to the values between the bounds. Operands of the domain's own kind are refused by no
+// kind.
+void KeepBetween(KivOmbNetwork& network, const KivOmbiObjectDescriptor& kind,
+                 KivOmbiInteger& domain, std::int32_t lower, std::int32_t upper) {
+  if (kind.KeepBetween(domain, lower, upper) != KivOmbiObjectDescriptor::kNotOffered) return;
+  auto& edge = static_cast<KivOmbiInteger&>(network.Scratch(kind, 0));
+  if (lower != SubIntBase::kMin) {
+    edge.SetExactValue(lower);
+    domain.CalcNotLessValue(edge);
+  }
+  if (upper != SubIntBase::kMax) {
+    edge.SetExactValue(upper);
+    domain.CalcLessOrEqualValue(edge);
+  }
+}
+
+void Narrow(KivOmbNetwork& network, KivOmbiInteger& domain, const Literal& literal) {
+  const KivOmbiObjectDescriptor& kind = network.GetKind(literal.variable);
   if (literal.relation == Relation::kUnequal) {
     domain.RemoveExactValue(literal.value);
     return;
@@ -47,17 +63,10 @@ void Narrow(KivOmbiInteger& domain, const Literal& literal, KivOmbiInteger& edge
     domain.SetNilValue();
     return;
   }
-  edge.SetExactValue(literal.value);
-  switch (literal.relation) {
-    case Relation::kEqual:
-      domain.Intersect(edge);
-      break;
-    case Relation::kAtMost:
-      domain.CalcLessOrEqualValue(edge);
-      break;
-    default:
-      domain.CalcNotLessValue(edge);
-  }
+  const bool has_lower = literal.relation != Relation::kAtMost;
+  const bool has_upper = literal.relation != Relation::kAtLeast;
+  KeepBetween(network, kind, domain, has_lower ? literal.value : SubIntBase::kMin,
+              has_upper ? literal.value : SubIntBase::kMax);
 }
 
 }  // namespace
@@ -99,11 +108,10 @@ bool Impose(KivOmbNetwork& network, const Literal& literal) {
   const KivOmbNetwork::VariableId variable = literal.variable;
   const KivOmbiDomainSummary before = network.GetSummary(variable);
   network.Update(variable, [&](KivOmbiAny& domain) {
-    if (auto* truth = KivCast<KivOmbiBoolean>(&domain)) {
-      Narrow(*truth, literal);
+    if (network.IsBoolean(variable)) {
+      Narrow(static_cast<KivOmbiBoolean&>(domain), literal);
     } else {
-      Narrow(static_cast<KivOmbiInteger&>(domain), literal,
-             static_cast<KivOmbiInteger&>(network.Scratch(network.GetKind(variable), 0)));
+      Narrow(network, static_cast<KivOmbiInteger&>(domain), literal);
     }
   });
   return network.GetSummary(variable) != before;

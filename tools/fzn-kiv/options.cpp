@@ -25,7 +25,8 @@ void Options::AddTo(CLI::App& app) {
       ->check(kPositive);
   app.add_flag("-i,--intermediate", intermediate,
                "Prints each better solution of an optimisation, not the last one alone");
-  app.add_flag("-f,--free-search", free, "Searches as Kiv thinks fit, not as annotations say");
+  app.add_flag("-f,--free-search", free,
+               "Follows annotations of the search only as far as they seem to help");
   app.add_flag("-s,--statistics", statistics, "Prints statistics at the end");
   app.add_flag("-v,--verbose", verbose, "Tells on standard error what happens");
   app.add_option("-p,--parallel", threads, "Accepted; there is always one thread")

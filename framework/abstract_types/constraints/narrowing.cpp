@@ -95,9 +95,12 @@ KivOmbiFilterResult TightenLower(const KivOmbiObjectEnvironment& environment, un
   const KivOmbiDomainSummary& summary = environment.Summary(i);
   if (bound <= kMin || bound <= summary.lower) return 0;
   if (bound >= kMax) return summary.upper == kMax ? 0 : Empty(environment, i);
-  const KivOmbiInteger& edge = Edge(environment, i, bound);
-  return Verdict(environment.NarrowInteger(
-      i, [&](KivOmbiInteger& domain) { return domain.CalcNotLessValue(edge); }));
+  return Verdict(environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
+    const int result =
+        environment.Kind(i)->KeepBetween(domain, static_cast<std::int32_t>(bound), kMax);
+    if (result != KivOmbiObjectDescriptor::kNotOffered) return result;
+    return domain.CalcNotLessValue(Edge(environment, i, bound));
+  }));
 }
 
 KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, unsigned i,
@@ -105,9 +108,12 @@ KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, un
   const KivOmbiDomainSummary& summary = environment.Summary(i);
   if (bound >= kMax || bound >= summary.upper) return 0;
   if (bound <= kMin) return summary.lower == kMin ? 0 : Empty(environment, i);
-  const KivOmbiInteger& edge = Edge(environment, i, bound);
-  return Verdict(environment.NarrowInteger(
-      i, [&](KivOmbiInteger& domain) { return domain.CalcLessOrEqualValue(edge); }));
+  return Verdict(environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
+    const int result =
+        environment.Kind(i)->KeepBetween(domain, kMin, static_cast<std::int32_t>(bound));
+    if (result != KivOmbiObjectDescriptor::kNotOffered) return result;
+    return domain.CalcLessOrEqualValue(Edge(environment, i, bound));
+  }));
 }
 
 KivOmbiFilterResult Assign(const KivOmbiObjectEnvironment& environment, unsigned i,
@@ -150,7 +156,7 @@ KivOmbiFilterResult Separate(const KivOmbiObjectEnvironment& environment, unsign
   for (const auto& [fixed, other] : {std::pair{i, j}, std::pair{j, i}}) {
     if (!environment.Summary(fixed).IsFixed()) continue;
     const std::int32_t value = environment.Summary(fixed).lower;
-    if (KivOmbiBoolean::sDescriptor->IsMatched(environment.Kind(other)) != 0) {
+    if (environment.IsBoolean(other)) {
       const auto result = Negate(environment, other, value);
       return result != 0 ? result : kKivEntailed;
     }

@@ -102,7 +102,8 @@ KivOmbiFilterResult NarrowByOperation(const KivOmbiObjectEnvironment& environmen
   constexpr unsigned kOperands = sizeof...(operands);
   bool unknown = false;
   if (const auto result = NarrowToHull(environment, target, candidates, unknown)) return result;
-  if (unknown) return 0;
+  // Without gaps there is no more to tell of the target than its bounds.
+  if (unknown || !carrier.HoldsGaps()) return 0;
 
   const std::array<unsigned, kOperands> arguments{static_cast<unsigned>(operands)...};
   std::array<const KivOmbiInteger*, kOperands> carried;

@@ -84,8 +84,7 @@ KivOmbiConstraint::Cost KivOmbiUnequalTernaryConstraint::GetCost() const { retur
 
 std::int64_t KivOmbiUnequalTernaryConstraint::GetWakingEvents(unsigned index,
                                                               unsigned arguments) const {
-  // A bound can move to the other's value that an interval could not lose before.
-  return WakingEvents(GetWrittenRight(), index, arguments, kKivFixed | kKivBounds);
+  return WakingEvents(GetWrittenRight(), index, arguments, kKivFixed | kKivBoundsOfGapless);
 }
 
 bool KivOmbiUnequalTernaryConstraint::Holds(std::span<const std::int64_t> values) const {

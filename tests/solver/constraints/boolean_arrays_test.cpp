@@ -121,6 +121,32 @@ TEST(Junction, StandsUnderBruteForce) {
   });
 }
 
+TEST(Junction, StandsUnderBruteForceWithNegations) {
+  CheckRandomCases(3000, [](Generator& random) {
+    const auto which = OneIn(random, 2) ? Junction::kAll : Junction::kAny;
+    const int count = Pick(random, 0, 5);
+    const auto positive = static_cast<unsigned>(Pick(random, 0, count));
+    RandomCase random_case(random);
+    for (int i = 0; i <= count; ++i) random_case.AddTruth();
+    return random_case.Finish(
+        which == Junction::kAll ? "all literals" : "any literal",
+        random_case.Repeats() ? Strength::kWeaker : Strength::kDomain,
+        [=](KivOmbNetwork& network, auto arguments) {
+          network.Emplace<Junction>(arguments, which, positive);
+        },
+        [=](const Assignment& values) {
+          bool all = true;
+          bool any = false;
+          for (std::size_t i = 1; i < values.size(); ++i) {
+            const bool literal = (values[i] == 1) == (i <= positive);
+            all &= literal;
+            any |= literal;
+          }
+          return (values[0] == 1) == (which == Junction::kAll ? all : any);
+        });
+  });
+}
+
 TEST(Junction, OfNothingAllAreTrueAndNotAny) {
   KivOmbNetwork network;
   const auto truths = OpenBooleans(network, 2);

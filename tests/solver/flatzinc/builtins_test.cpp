@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
-#include "solver/flatzinc/error.h"
 #include "solver/flatzinc/poster_table.h"
 #include "tests/solver/flatzinc/random_text.h"
 #include "tests/solver/flatzinc/solve_text.h"
@@ -84,6 +83,13 @@ void CheckText(const RandomText& text, std::uint64_t seed) {
 TEST(Builtins, AllOfTheStandardAreThere) {
   for (const std::string_view name : kStandard) {
     EXPECT_NE(flatzinc::FindPoster(name), nullptr) << name;
+  }
+}
+
+TEST(Builtins, HaveOnePosterEach) {
+  std::set<std::string_view> names;
+  for (const flatzinc::Poster* poster : flatzinc::ListPosters()) {
+    EXPECT_TRUE(names.insert(poster->name).second) << poster->name;
   }
 }
 

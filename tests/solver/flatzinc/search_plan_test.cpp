@@ -55,23 +55,25 @@ TEST(SearchPlan, AnnotatedVariablesGoFirstThenTheOthersThatAreDeclared) {
   EXPECT_EQ(Search(text, plan).solutions, 27u);
 }
 
-TEST(SearchPlan, AFreeSearchFollowsNoAnnotation) {
+TEST(SearchPlan, AFreeSearchKeepsWhichVariablesDecideAndInWhichDirection) {
   PostedText text(
       "var 1..3: x; var 1..3: y;\n"
       "solve :: int_search([y], input_order, indomain_max, complete) :: restart_none satisfy;");
   const SearchPlan plan = PlanSearch(text.builder, {.free = true, .all = false});
-  ASSERT_EQ(plan.options.strategy.size(), 1u);
+  ASSERT_EQ(plan.options.strategy.size(), 2u);
+  EXPECT_EQ(plan.options.strategy[0].variables, Variables{text.Find("y")});
   EXPECT_EQ(plan.options.strategy[0].variable_choice, VariableChoice::kDomWDeg);
+  EXPECT_EQ(plan.options.strategy[0].value_choice, ValueChoice::kGreatest);
   EXPECT_NE(plan.options.restarts.kind, RestartPolicy::Kind::kNone);
 }
 
-TEST(SearchPlan, AnnotatedRestartsAreFollowedByEitherSearch) {
+TEST(SearchPlan, AnnotatedRestartsAreFollowedUnlessTheSearchIsFree) {
   PostedText annotated(
       "var 1..3: x;\n"
       "solve :: int_search([x], input_order, indomain, complete) :: restart_luby(7) satisfy;");
   EXPECT_EQ(PlanSearch(annotated.builder, {}).options.restarts.kind, RestartPolicy::Kind::kLuby);
-  PostedText free("var 1..3: x; solve :: restart_none satisfy;");
-  EXPECT_EQ(PlanSearch(free.builder, {}).options.restarts.kind, RestartPolicy::Kind::kNone);
+  PostedText alone("var 1..3: x; solve :: restart_none satisfy;");
+  EXPECT_EQ(PlanSearch(alone.builder, {}).options.restarts.kind, RestartPolicy::Kind::kNone);
 }
 
 TEST(SearchPlan, SolutionsRestartAnOptimisationOnly) {
