@@ -7,6 +7,10 @@
 namespace kiv::test {
 namespace {
 
+// What a run takes at most, on a machine that is busy with other tests. MiniZinc ends the solver
+// before it is ended itself.
+constexpr unsigned kSeconds = 100;
+
 std::string Describe(const SolverRun& run, const std::string& end) {
   if (end == "=====UNSATISFIABLE=====" && run.solutions.empty()) return "no solution";
   if (end != "==========" || run.solutions.empty()) {
@@ -21,13 +25,15 @@ std::string Describe(const SolverRun& run, const std::string& end) {
 
 SolverRun Solve(const Instance& instance, const std::string& configuration,
                 const std::vector<std::string>& options) {
-  std::vector<std::string> arguments = {"--solver",           configuration,   "-a",
-                                        "--non-unique",       "--output-mode", "dzn",
-                                        "--output-objective", "--time-limit",  "18000"};
+  std::vector<std::string> arguments = {
+      "--solver",           configuration,   "-a",
+      "--non-unique",       "--output-mode", "dzn",
+      "--output-objective", "--time-limit",  std::to_string(1000 * kSeconds)};
   arguments.insert(arguments.end(), options.begin(), options.end());
   arguments.insert(arguments.end(), instance.files.begin(), instance.files.end());
   CommandSettings settings;
   settings.program = KIV_MINIZINC;
+  settings.seconds = kSeconds + 10;
   const CommandResult result = RunKiv(arguments, settings);
 
   SolverRun run;

@@ -58,7 +58,7 @@ struct Pipe {
 [[noreturn]] void BecomeProgram(const std::vector<std::string>& arguments,
                                 const CommandSettings& settings, int in, int out, int err) {
   // A run that does not end fails its test instead of filling the memory.
-  alarm(20);
+  alarm(settings.seconds);
   std::string program = settings.program.empty() ? KIV_COMMAND : settings.program;
   std::vector<char*> list = {program.data()};
   for (const std::string& argument : arguments) list.push_back(const_cast<char*>(argument.c_str()));
