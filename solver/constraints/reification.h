@@ -27,8 +27,9 @@ KivOmbiFilterResult FilterReified(const KivOmbiObjectEnvironment& environment, u
   const std::optional<bool> holds = decide();
   if (!holds) return kKivAtFixpoint;
   if (*holds && is_implication) return kKivEntailed;
-  const auto result = SetTruth(environment, truth, *holds);
-  return result != 0 ? result : kKivEntailed;
+  if (const auto result = SetTruth(environment, truth, *holds)) return result;
+  // An integer of which nothing is known yet does not take a truth value.
+  return environment.Summary(truth).IsFixed() ? kKivEntailed : kKivAtFixpoint;
 }
 
 // The ground truth of a relation that a truth value goes with.

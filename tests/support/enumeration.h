@@ -21,6 +21,8 @@ struct Declared {
   Values values;
   // Starts Any whatever `values` says; they are what enumeration tries for it.
   bool unknown = false;
+  // An integer that stands for a truth value: at no time has it others than 0 and 1.
+  bool is_truth = false;
 };
 
 // A new variable of `network`, its domain built from Nil by insertion.

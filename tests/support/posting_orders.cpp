@@ -33,7 +33,7 @@ Declared Widened(const Declared& declared) {
     case KindShape::kSet:
       break;
   }
-  return {declared.kind, Widened(declared.values)};
+  return {declared.kind, declared.is_truth ? Values{0, 1} : Widened(declared.values)};
 }
 
 class Comparison {

@@ -45,7 +45,8 @@ void RandomCase::AddBoolean(int repeat_one_in) {
 // Of an integer it must be known that it has no other values.
 void RandomCase::AddTruth() {
   if (OneIn(random_, 2)) return AddBoolean();
-  AddInteger({0, 1}, 2, 0);
+  const auto* kind = PickOf(random_, IntegerKinds());
+  Add({.kind = kind, .values = RandomValues(random_, *kind, {0, 1}, 2), .is_truth = true});
   case_.propagates_unknown = false;
 }
 
