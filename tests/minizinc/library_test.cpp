@@ -100,6 +100,10 @@ const Usage kUsages[] = {
     {"Minimum", "array_int_minimum", "n = min(y)"},
     {"Element", "kiv_element_int", "x[n] = y[m]"},
     {"BooleanElement", "kiv_element_bool", "p[n]"},
+    {"FirstGreatest", "kiv_element_int", "n = arg_max(x)"},
+    {"FirstLeast", "kiv_element_int", "n = arg_min(y)"},
+    {"NonOverlapping", "kiv_cumulative",
+     "diffn(array1d(3..5, [1, 0, n]), y, array1d(3..5, [2, 0, 1]), array1d(3..5, [1, m + 2, 3]))"},
     {"FixedPower", "int_pow_fixed", "pow(m, 3) = n"},
 };
 
