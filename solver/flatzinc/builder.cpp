@@ -171,7 +171,12 @@ Builder::VariableId Builder::AddVariable(const Domain& domain, std::uint32_t off
   const bool is_enumerated = count <= kMostEnumerated && !is_exact_interval;
   const VariableId variable = network_.AddVariable(is_enumerated ? enumerated_ : interval_);
   if (!domain.IsBounded()) return variable;
-  Build(network_, variable, domain, is_enumerated);
+  if (const auto like = FindLike(domain, is_enumerated, variable)) {
+    network_.Update(variable,
+                    [&](KivOmbiAny& target) { target.Assign(network_.GetDomain(*like)); });
+  } else {
+    Build(network_, variable, domain, is_enumerated);
+  }
   if (!domain.IsRange() && !is_enumerated) {
     const auto& values = domain.GetValues();
     network_.Emplace<Membership>({&variable, 1},
@@ -179,6 +184,20 @@ Builder::VariableId Builder::AddVariable(const Domain& domain, std::uint32_t off
     NoteOrigin(offset);
   }
   return variable;
+}
+
+// Models declare many variables alike, and to copy a thousand values takes far less than to insert
+// them one by one.
+std::optional<Builder::VariableId> Builder::FindLike(const Domain& domain, bool is_enumerated,
+                                                     VariableId variable) {
+  if (!is_enumerated || !domain.IsRange()) return std::nullopt;
+  const auto [found, is_new] =
+      built_ranges_.try_emplace({domain.GetLower(), domain.GetUpper()}, variable);
+  if (is_new) return std::nullopt;
+  // A poster may have narrowed it since.
+  const bool is_whole = network_.GetSummary(found->second).cardinality == domain.Count();
+  if (!is_whole) found->second = variable;
+  return is_whole ? std::optional(found->second) : std::nullopt;
 }
 
 void Builder::NoteOrigin(std::uint32_t offset) {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "framework/base/export.h"
@@ -72,6 +74,9 @@ class KIV_EXPORT Builder {
   void UniteEqualVariables();
   void DeclareVariables();
   std::uint32_t FindRepresentative(std::uint32_t place);
+  // A variable that has this enumerated range as its domain, if there is one; else `variable` is
+  // noted as the one that will.
+  std::optional<VariableId> FindLike(const Domain& domain, bool is_enumerated, VariableId variable);
   const KivOmbiCompoundObjectDescriptor& FindRow(std::string_view symbol, std::size_t operands,
                                                  std::span<const VariableId> variables) const;
 
@@ -83,6 +88,8 @@ class KIV_EXPORT Builder {
   std::vector<std::uint32_t> representative_;  // by variable of the model
   std::vector<VariableId> variables_;          // by variable of the model
   std::unordered_map<std::int64_t, VariableId> constants_;
+  // By their bounds: variables whose domains were built as enumerated ranges.
+  std::map<std::pair<std::int64_t, std::int64_t>, VariableId> built_ranges_;
   std::vector<std::uint32_t> origins_;  // by constraint of the network
 };
 

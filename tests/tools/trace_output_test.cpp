@@ -50,13 +50,13 @@ TEST(Trace, TellsDecisionsAndContradictionsOfASearch) {
   EXPECT_EQ(result.exit_code, 1);
   EXPECT_EQ(result.errors,
             "2 x: { 1, 2 } -> 1 by decision\n"
-            "2 y: { 1, 2 } -> 2 by <stdin>:2:1: x <> y\n"
-            "2 x: 1 -> Nil by <stdin>:3:1: x = y\n"
-            "2 contradiction by <stdin>:3:1: x = y\n"
+            "2 y: { 1, 2 } -> 1 by <stdin>:3:1: x = y\n"
+            "2 y: 1 -> Nil by <stdin>:2:1: x <> y\n"
+            "2 contradiction by <stdin>:2:1: x <> y\n"
             "2 x: { 1, 2 } -> 2 by decision\n"
-            "2 y: { 1, 2 } -> 1 by <stdin>:2:1: x <> y\n"
-            "2 x: 2 -> Nil by <stdin>:3:1: x = y\n"
-            "2 contradiction by <stdin>:3:1: x = y\n");
+            "2 y: { 1, 2 } -> 2 by <stdin>:3:1: x = y\n"
+            "2 y: 2 -> Nil by <stdin>:2:1: x <> y\n"
+            "2 contradiction by <stdin>:2:1: x <> y\n");
 }
 
 TEST(Trace, GoesIntoAFile) {

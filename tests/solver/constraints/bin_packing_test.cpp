@@ -23,7 +23,7 @@ TEST(BinPacking, StandsUnderBruteForce) {
     const int items = Pick(random, 0, 4);
     const int bins = Pick(random, 0, items == 4 ? 2 : 3);
     const std::int32_t first = OneIn(random, 10) ? kMost - 1 : Pick(random, -1, 1);
-    const std::int32_t end = std::min(kMost - 1, first + bins - 1) + 1;
+    const std::int32_t end = first + std::min(kMost - first, bins);
     std::vector<std::int32_t> weights;
     for (int i = 0; i < items; ++i) {
       weights.push_back(Pick(random, 0, 4));
