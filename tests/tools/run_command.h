@@ -20,7 +20,7 @@ struct CommandSettings {
   int stop_signal = 0;        // sent as soon as the first output has arrived
   bool close_output = false;  // nobody reads standard output
   bool terminal = false;      // standard error is a terminal
-  unsigned seconds = 20;      // a run that takes longer is ended, and so fails its test
+  unsigned seconds = 60;      // a run that takes longer is ended, and so fails its test
   std::string program;        // run instead of `kiv`, when it is not empty
 };
 
