@@ -60,9 +60,9 @@ struct VariableArray {
 };
 
 struct Constraint {
-  std::uint32_t name;  // in Model::names
+  std::uint32_t name;    // in Model::names
   std::uint32_t offset;  // of the name
-  std::uint32_t begin;  // of its arguments in Model::pool; its annotations follow them
+  std::uint32_t begin;   // of its arguments in Model::pool; its annotations follow them
   std::uint16_t arguments;
   std::uint16_t annotations;
 };

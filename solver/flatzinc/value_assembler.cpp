@@ -116,7 +116,8 @@ void ValueAssembler::BeginSet(std::uint32_t offset) {
 void ValueAssembler::AddToSet() {
   const bool is_integer = value_.Is(Kind::kInt);
   if (is_integer) model_.set_values.push_back(value_.GetValue());
-  if (is_integer ? model_.floats.size() > floats_begin_ : model_.set_values.size() > integers_begin_) {
+  if (is_integer ? model_.floats.size() > floats_begin_
+                 : model_.set_values.size() > integers_begin_) {
     throw Error(offset_, "the elements of a set are all integers or all floats");
   }
 }
