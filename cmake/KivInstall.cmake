@@ -2,9 +2,10 @@
 
 include(CMakePackageConfigHelpers)
 
-# The grammar is the parser's own, and needs PEGTL.
+# The grammars and what they are made of are the parsers' own, and need PEGTL.
 install(DIRECTORY framework enum_integers solver DESTINATION include/kiv
-        FILES_MATCHING PATTERN "*.h" PATTERN "grammar.h" EXCLUDE)
+        FILES_MATCHING PATTERN "*.h" PATTERN "grammar.h" EXCLUDE
+        PATTERN "tokens.h" EXCLUDE PATTERN "syntax_error.h" EXCLUDE)
 install(EXPORT KivTargets NAMESPACE Kiv:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Kiv"
         FILE KivTargets.cmake)
 file(WRITE "${PROJECT_BINARY_DIR}/KivConfig.cmake"

@@ -10,6 +10,7 @@
 #include "solver/flatzinc/grammar.h"
 #include "solver/flatzinc/item_assembler.h"
 #include "solver/language/source_text.h"
+#include "solver/language/syntax_error.h"
 #include "solver/language/token_description.h"
 
 namespace kiv::flatzinc {
@@ -166,22 +167,6 @@ struct Action<g::maximize> : SetGoal<Solve::Goal::kMaximize> {};
 template <>
 struct Action<g::objective> : OfItems<&Items::ReadObjective> {};
 
-// What a rule missed, and where.
-struct SyntaxError {
-  std::size_t offset;
-  const char* expected;
-  bool closes_statement;
-};
-
-template <class Rule>
-struct Control : pegtl::normal<Rule> {
-  template <class Input, class... States>
-  [[noreturn]] static void raise(const Input& in, States&&...) {
-    constexpr bool closes_statement = requires { Rule::kClosesStatement; };
-    throw SyntaxError{in.byte(), Rule::kName, closes_statement};
-  }
-};
-
 Error Describe(const SyntaxError& error, std::string_view text) {
   pegtl::memory_input<pegtl::tracking_mode::lazy> rest(text.substr(error.offset), "");
   pegtl::parse<g::blanks>(rest);
@@ -207,7 +192,7 @@ Model ReadModel(std::string_view text) {
   try {
     pegtl::memory_input<pegtl::tracking_mode::lazy> in(text.data(), text.size(), "");
     // A model that does not match raises an error.
-    static_cast<void>(pegtl::parse<g::model, Action, Control>(in, items));
+    static_cast<void>(pegtl::parse<g::model, Action, SyntaxControl>(in, items));
   } catch (const SyntaxError& error) {
     throw Describe(error, text);
   }

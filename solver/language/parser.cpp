@@ -7,6 +7,7 @@
 #include <tao/pegtl/contrib/parse_tree.hpp>
 
 #include "solver/language/grammar.h"
+#include "solver/language/syntax_error.h"
 #include "solver/language/token_description.h"
 #include "solver/language/tree_builder.h"
 
@@ -15,22 +16,6 @@ namespace {
 
 namespace g = grammar;
 namespace pegtl = tao::pegtl;
-
-// What a rule missed, and where.
-struct SyntaxError {
-  std::size_t offset;
-  const char* expected;
-  bool closes_statement;
-};
-
-template <class Rule>
-struct Control : pegtl::normal<Rule> {
-  template <class Input, class... States>
-  [[noreturn]] static void raise(const Input& in, States&&...) {
-    constexpr bool closes_statement = requires { Rule::kClosesStatement; };
-    throw SyntaxError{in.byte(), Rule::kName, closes_statement};
-  }
-};
 
 template <class Rule>
 struct Action : pegtl::nothing<Rule> {};
@@ -85,7 +70,7 @@ std::optional<SyntaxTree> ParseModel(const SourceText& source, Diagnostics& diag
   }
   try {
     pegtl::memory_input<pegtl::tracking_mode::lazy> in(text.data(), text.size(), "");
-    const auto root = pegtl::parse_tree::parse<g::model, Selector, Action, Control>(in);
+    const auto root = pegtl::parse_tree::parse<g::model, Selector, Action, SyntaxControl>(in);
     SyntaxTree tree = TreeBuilder(source, diagnostics).BuildModel(*root);
     if (diagnostics.IsEmpty()) return tree;
   } catch (const SyntaxError& error) {
