@@ -25,6 +25,9 @@ class KIV_EXPORT ObjectiveBound {
   void Record(const KivOmbNetwork& network);
   std::optional<std::int32_t> GetBest() const noexcept { return best_; }
 
+  // Whether the objective has no better value as the network stands.
+  bool Excludes(const KivOmbNetwork& network) const;
+
   // Narrows the objective to better values. An objective of which nothing is known may stay so
   // until more is. Returns whether anything changed; an objective that cannot be better is emptied.
   bool Impose(KivOmbNetwork& network) const;

@@ -134,14 +134,16 @@ class SearchRun {
     }
   }
 
-  // Goes back to the last decision that is not refuted yet, and refutes it. False when there is
-  // none.
+  // Goes back to the last decision that is not refuted yet and above which the objective can still
+  // be better, and refutes it. False when there is none.
   bool Backtrack() {
-    for (; !path_.empty() && path_.back().refuted; path_.pop_back()) network_.PopLevel();
-    if (path_.empty()) return false;
-    network_.PopLevel();
-    path_.back().refuted = true;
-    return true;
+    for (; !path_.empty(); path_.pop_back()) {
+      network_.PopLevel();
+      if (path_.back().refuted || (bound_ && bound_->Excludes(network_))) continue;
+      path_.back().refuted = true;
+      return true;
+    }
+    return false;
   }
 
   // Enters the last branching of the path.
@@ -149,6 +151,7 @@ class SearchRun {
     const Branching& branching = path_.back();
     network_.PushLevel();
     Impose(network_, branching.refuted ? Negated(branching.decision) : branching.decision);
+    if (bound_) bound_->Impose(network_);
     first_open_ = branching.first_open;
     Statistics().peak_depth = std::max(Statistics().peak_depth, path_.size());
     ++Statistics().nodes;

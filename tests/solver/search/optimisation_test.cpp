@@ -77,6 +77,25 @@ TEST_F(Optimisation, GoesToTheEndsOfTheIntegers) {
   EXPECT_EQ(objectives_, (Values{-kMost, 0, kMost}));
 }
 
+// The values of the first two variables do not matter to the objective: once its greatest value is
+// found, none of them is tried again.
+TEST_F(Optimisation, GoesBackToWhereTheObjectiveCanStillBeBetter) {
+  const auto first = Enum({1, 2, 3});
+  const auto second = Enum({1, 2, 3});
+  const auto objective = Enum({5, 6});
+  SearchOptions options;
+  options.objective = Objective{objective, Objective::Sense::kMaximize};
+  options.strategy = {
+      {{first, second, objective}, VariableChoice::kInputOrder, ValueChoice::kSmallest}};
+  const SearchResult result =
+      TreeSearch(network_, options).Run([](const SearchLeaf&) { return true; });
+  EXPECT_EQ(result.end, SearchEnd::kExhausted);
+  EXPECT_EQ(result.best, 6);
+  EXPECT_EQ(result.statistics.solutions, 2u);
+  EXPECT_EQ(result.statistics.nodes, 4u);
+  EXPECT_EQ(result.statistics.failures, 0u);
+}
+
 TEST_F(Optimisation, TellsTheBestWithProgress) {
   Values values;
   for (std::int32_t value = 1; value <= 200; ++value) values.push_back(value);
