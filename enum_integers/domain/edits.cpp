@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "enum_integers/domain/enum_integer.h"
+#include "enum_integers/kernels/scratch.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ void KivOmbEnumInteger::SetExactValue(std::int32_t v) {
 int KivOmbEnumInteger::RemoveExactValue(std::int32_t v) {
   const unsigned i = values.Find(v);
   if (i >= Count()) return 0;
-  Writable().values.DetachAt(i, 1);
+  Without(View().subspan(i, 1)).values.DetachAt(i, 1);
   return 1;
 }
 
@@ -71,7 +72,7 @@ void KivOmbEnumInteger::SetUpperBound(std::int32_t bound) {
 // Becomes Any (flag 1) or Nil (flag 0); the storage stays.
 void KivOmbEnumInteger::BecomeEmpty(int flag) {
   if (Count() == 0 && anyFlag == flag) return;
-  KivOmbEnumInteger& self = Writable();
+  KivOmbEnumInteger& self = anyFlag == flag ? Without(View()) : Writable();
   self.values.Flush();
   self.anyFlag = flag;
 }
@@ -103,8 +104,11 @@ void KivOmbEnumInteger::BecomeRange(std::int32_t lower, std::int32_t upper) {
 
 // Keeps the values at the positions `first` .. `end` - 1; the leftover flag stays.
 void KivOmbEnumInteger::Keep(unsigned first, unsigned end) {
-  if (first == 0 && end >= Count()) return;
-  Writable().values.Keep(first, std::max(first, std::min(end, Count())));
+  const unsigned count = Count();
+  end = std::max(first, std::min(end, count));
+  if (first > 0) Without(View().first(first));
+  if (end < count) Without(View().subspan(end));
+  values.Keep(first, end);
 }
 
 // Keeps the values of the range; Nil when there are none.
@@ -117,10 +121,23 @@ int KivOmbEnumInteger::KeepBetween(std::int32_t lowest, std::int32_t highest) {
   return 1;
 }
 
+// Loses `lost`, some of the values; Nil when it has no others.
+int KivOmbEnumInteger::Lose(kiv::kernels::Values lost) {
+  if (lost.empty()) return 0;
+  if (lost.size() == Count()) return Nil();
+  Without(lost).values.Remove(reinterpret_cast<const SubIntBase*>(lost.data()),
+                              static_cast<unsigned>(lost.size()));
+  return 1;
+}
+
 // The end of an intersection: `kept` are those of this domain's values that stay.
 int KivOmbEnumInteger::NarrowTo(kiv::kernels::Values kept) {
   if (kept.size() == Count()) return 0;
   if (kept.empty()) return Nil();
+  const kiv::kernels::Scratch lost(LosesFew() ? Count() - kept.size() : 0);
+  if (LosesFew() && lost.Get() != nullptr) {
+    return Lose({lost.Get(), std::ranges::set_difference(View(), kept, lost.Get()).out});
+  }
   Become(kept, anyFlag, GetDelta());
   return 1;
 }

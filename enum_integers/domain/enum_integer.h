@@ -290,6 +290,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   // Storage has room for 21 values, and grows by 20.
   static constexpr unsigned kRoom = 20;
   static constexpr unsigned kStep = 20;
+  static constexpr unsigned kFewValues = 16;
 
   // The one way to the members for writing: tells the network that owns the domain first. An
   // operation that changes nothing does not come here.
@@ -297,6 +298,14 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
     WillChange();
     return *this;
   }
+  // The same for a write that takes `lost` away and nothing else.
+  KivOmbEnumInteger& Without(kiv::kernels::Values lost) {
+    LosesFew() ? WillLose(lost) : WillChange();
+    return *this;
+  }
+  // Whether what goes is less to save than what is there: for the domain of a variable that has
+  // more than a few values.
+  bool LosesFew() const { return HasOwner() && Count() > kFewValues; }
   void BecomeEmpty(int flag);
   void Become(kiv::kernels::Values new_values, int flag, unsigned delta);
   void BecomeRange(std::int32_t lower, std::int32_t upper);
@@ -311,6 +320,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   static void MirrorInto(std::int32_t* out, kiv::kernels::Values values);
   int IntersectWithShifted(kiv::kernels::Values of_source, SubIntBase step,
                            const KivOmbEnumInteger& source);
+  int Lose(kiv::kernels::Values lost);
   int NarrowTo(kiv::kernels::Values kept);
   template <class Collection>
   int NarrowToCollection(const Collection& collection);
@@ -344,6 +354,8 @@ class KIV_EXPORT KivOmbEnumInteger::Descriptor : public KivOmbiObjectDescriptor 
   // Announces nothing, and allocates only when the domain has fewer slots than the state has
   // values.
   int RestoreState(KivOmbiObject& object, const void* state) const override;
+  // The same; the leftover flag stays.
+  int Regain(KivOmbiObject& object, std::span<const std::int32_t> values) const override;
   KivOmbiDomainSummary Summarize(const KivOmbiObject& object) const override;
   bool HoldsGaps() const override;
   std::span<const SubIntBase> GetValues(const KivOmbiObject& object) const override;

@@ -18,6 +18,17 @@ int KivOmbEnumInteger::KeepIf(Holds holds) {
   unsigned kept = 0;
   while (kept < count && holds(GetValue(kept))) ++kept;
   if (kept == count) return 0;
+  const kiv::kernels::Scratch lost(LosesFew() ? count - kept : 0);
+  if (LosesFew() && lost.Get() != nullptr) {
+    std::int32_t* end = lost.Get();
+    *end++ = GetValue(kept);
+    for (unsigned i = kept + 1; i < count; ++i) {
+      const std::int32_t v = GetValue(i);
+      *end = v;
+      end += holds(v) ? 0 : 1;
+    }
+    return Lose({lost.Get(), end});
+  }
   KivSVectorImp_SubIntBase& mine = Writable().values;
   for (unsigned i = kept + 1; i < count; ++i) {
     const SubIntBase v = mine[i];

@@ -4,6 +4,8 @@
 #include <cstring>
 
 #include "enum_integers/domain/enum_integer.h"
+#include "enum_integers/kernels/merging.h"
+#include "enum_integers/kernels/scratch.h"
 
 namespace {
 
@@ -80,6 +82,12 @@ int KivOmbEnumInteger::Descriptor::RestoreState(KivOmbiObject& object, const voi
   return 1;
 }
 
+int KivOmbEnumInteger::Descriptor::Regain(KivOmbiObject& object,
+                                          std::span<const std::int32_t> values) const {
+  return StaticCast(&object)->values.Merge(reinterpret_cast<const SubIntBase*>(values.data()),
+                                           static_cast<unsigned>(values.size()));
+}
+
 KivOmbiDomainSummary KivOmbEnumInteger::Descriptor::Summarize(const KivOmbiObject& object) const {
   const KivOmbEnumInteger& domain = DomainOf(object);
   const std::uint32_t count = domain.Count();
@@ -113,25 +121,12 @@ int KivOmbEnumInteger::Descriptor::KeepBetween(KivOmbiObject& object, std::int32
   return domain.Count() != count;
 }
 
-// One pass over both lists: the values that stay move to the front.
 int KivOmbEnumInteger::Descriptor::RemoveValues(KivOmbiObject& object,
                                                 std::span<const std::int32_t> values) const {
   KivOmbEnumInteger& domain = *StaticCast(&object);
-  const unsigned count = domain.Count();
-  auto next = values.begin();
-  unsigned kept = 0;
-  for (unsigned i = 0; i < count; ++i) {
-    const SubIntBase value = domain.values[i];
-    while (next != values.end() && *next < value.GetValue()) ++next;
-    if (next != values.end() && *next == value.GetValue()) {
-      if (kept == i) domain.WillChange();
-      continue;
-    }
-    if (kept < i) domain.values[kept] = value;
-    ++kept;
-  }
-  if (kept == count) return 0;
-  if (kept == 0) return domain.Nil();
-  domain.values.DetachAt(kept, count);
-  return 1;
+  const auto mine = domain.View();
+  const kiv::kernels::Scratch lost(mine.size() + kiv::kernels::kSlack);
+  if (mine.empty() || values.empty()) return 0;
+  if (lost.Get() == nullptr) return kNotOffered;
+  return domain.Lose({lost.Get(), kiv::kernels::Intersect(mine, values, lost.Get())});
 }

@@ -105,6 +105,10 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
     factor_ = 0.0;
     return data_;
   }
+  // Puts `count` values, ascending, between the present ones. 0 when there is no memory for them.
+  int Merge(const SubIntBase* added, unsigned count) noexcept;
+  // Removes `count` values that are there, ascending.
+  void Remove(const SubIntBase* removed, unsigned count) noexcept;
   // Keeps the values at the positions `first` .. `end` - 1, which are positions of values.
   void Keep(unsigned first, unsigned end) noexcept {
     if (first > 0) std::copy(data_ + first, data_ + end, data_);

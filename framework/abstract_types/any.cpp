@@ -25,6 +25,10 @@ void KivOmbiAny::Bisect(KivOmbiObject&, ValueSelection) {}
 
 void KivOmbiAny::AnnounceChange() { network_->WillChange(variable_); }
 
+void KivOmbiAny::AnnounceLoss(std::span<const std::int32_t> values) {
+  network_->WillLose(variable_, values);
+}
+
 int KivOmbiAny::CalcMinValue(const KivOmbiAny&, const KivOmbiAny&) { return 0; }
 int KivOmbiAny::CalcMinValue() { return 0; }
 int KivOmbiAny::CalcMaxValue(const KivOmbiAny&, const KivOmbiAny&) { return 0; }

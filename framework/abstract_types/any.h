@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "framework/base/export.h"
 #include "framework/calculator/object.h"
@@ -88,9 +89,15 @@ class KIV_EXPORT KivOmbiAny : public KivOmbiObject {
   void WillChange() {
     if (network_ != nullptr) AnnounceChange();
   }
+  // Instead of that before a write that takes `values`, ascending, from the domain and leaves the
+  // rest as it is; a kind that calls this can Regain() them.
+  void WillLose(std::span<const std::int32_t> values) {
+    if (network_ != nullptr) AnnounceLoss(values);
+  }
 
  private:
   void AnnounceChange();
+  void AnnounceLoss(std::span<const std::int32_t> values);
 
   KivOmbiNetwork* network_ = nullptr;
   std::uint32_t variable_ = 0;

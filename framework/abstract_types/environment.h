@@ -15,7 +15,7 @@ struct KivOmbiVariable {
   KivOmbiAny* domain = nullptr;
   const KivOmbiObjectDescriptor* kind = nullptr;
   KivOmbiDomainSummary summary;  // of `domain`, always up to date while constraints run
-  std::uint64_t saved_at = 0;    // the stamp of the level at which `domain` was saved last
+  std::uint64_t saved_at = 0;    // the mark of what the trail saved of `domain` last
   bool is_boolean = false;       // whether `domain` is a KivOmbiBoolean
 };
 

@@ -60,6 +60,10 @@ void KivOmbiObjectDescriptor::SaveState(const KivOmbiObject&, void*) const {}
 
 int KivOmbiObjectDescriptor::RestoreState(KivOmbiObject&, const void*) const { return 1; }
 
+int KivOmbiObjectDescriptor::Regain(KivOmbiObject&, std::span<const std::int32_t>) const {
+  return 0;
+}
+
 KivOmbiDomainSummary KivOmbiObjectDescriptor::Summarize(const KivOmbiObject&) const { return {}; }
 
 bool KivOmbiObjectDescriptor::HoldsGaps() const { return false; }

@@ -50,6 +50,9 @@ class KIV_EXPORT KivOmbiObjectDescriptor : public KivOmbiBase {
   virtual void SaveState(const KivOmbiObject& object, void* state) const;
   // Makes `object` what it was; 0 when there is no memory for it.
   virtual int RestoreState(KivOmbiObject& object, const void* state) const;
+  // Puts `values`, ascending, which `object` lost as the network was told, back among those that it
+  // has; 0 when there is no memory for them.
+  virtual int Regain(KivOmbiObject& object, std::span<const std::int32_t> values) const;
   virtual KivOmbiDomainSummary Summarize(const KivOmbiObject& object) const;
 
   // The short ways to a domain of integers, which save the operands and the conversions of its

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "framework/base/export.h"
 
@@ -17,6 +18,8 @@ class KIV_EXPORT KivOmbiNetwork {
   virtual void Enqueue(std::uint32_t constraint, std::int64_t events) = 0;
   // The domain of `variable` is about to be written.
   virtual void WillChange(std::uint32_t variable) = 0;
+  // It is about to lose `values`, ascending, and nothing else. By default a change like any other.
+  virtual void WillLose(std::uint32_t variable, std::span<const std::int32_t> values);
   // The domain of `variable` was written: brings its summary up to date and wakes whom it concerns.
   virtual void Refresh(std::uint32_t variable) = 0;
   // `word` belongs to an object of the network and is about to change; it becomes what it is now

@@ -307,6 +307,13 @@ void KivOmbNetwork::WillChange(std::uint32_t number) {
   statistics_.saved_bytes += trail_.SaveDomain(number, variable);
 }
 
+void KivOmbNetwork::WillLose(std::uint32_t number, std::span<const std::int32_t> values) {
+  KivOmbiVariable& variable = variables_[number];
+  if (variable.saved_at == trail_.GetStamp()) return;
+  ++statistics_.saves;
+  statistics_.saved_bytes += trail_.SaveLoss(number, variable, values);
+}
+
 void KivOmbNetwork::Refresh(std::uint32_t number) {
   KivOmbiVariable& variable = variables_[number];
   const KivOmbiDomainSummary before = variable.summary;

@@ -38,8 +38,8 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
 
   struct Statistics {
     std::uint64_t runs = 0;         // of constraints
-    std::uint64_t saves = 0;        // of domains to the trail
-    std::uint64_t saved_bytes = 0;  // of their states
+    std::uint64_t saves = 0;        // of domains, or of values lost, to the trail
+    std::uint64_t saved_bytes = 0;  // of their states and values
   };
 
   KivOmbNetwork();
@@ -125,6 +125,7 @@ class KIV_EXPORT KivOmbNetwork final : public KivOmbiNetwork {
   // KivOmbiNetwork, for the network's objects.
   void Enqueue(std::uint32_t constraint, std::int64_t events) override;
   void WillChange(std::uint32_t variable) override;
+  void WillLose(std::uint32_t variable, std::span<const std::int32_t> values) override;
   void Refresh(std::uint32_t variable) override;
   void SaveWord(std::uint64_t& word) override { trail_.SaveWord(word); }
   KivOmbiObject& Scratch(const KivOmbiObjectDescriptor& kind, unsigned index) override;

@@ -1,26 +1,33 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "framework/abstract_types/environment.h"
 #include "framework/base/export.h"
 
 // What it takes to go back: for each open level the domains that were written in it, as they were
-// before, the constraints that were found entailed, and the words of their own that constraints
-// changed. A domain is saved at its first write of a level only, so a level costs what it
-// changed. Room once made is kept: in the steady state of a search nothing is allocated.
+// before, or the values that they lost, the constraints that were found entailed, and the words of
+// their own that constraints changed. A domain is saved once a level at most, and after that no
+// loss of it is, so a level costs what it changed. Room once made is kept: in the steady state of a
+// search nothing is allocated.
 class KIV_EXPORT KivOmbiTrail {
  public:
   std::size_t GetLevel() const noexcept { return levels_.size(); }
-  // The stamp of the current level, different for each level that ever was; 0 outside all levels,
-  // where nothing needs to be saved.
+  // The stamp of the current level, greater than that of each level that ever was; 0 outside all
+  // levels, where nothing needs to be saved. It marks the variables whose domain is saved.
   std::uint64_t GetStamp() const noexcept { return levels_.empty() ? 0 : levels_.back().stamp; }
 
   void PushLevel();
   // Saves the domain of a variable; returns the number of bytes.
   std::size_t SaveDomain(std::uint32_t number, KivOmbiVariable& variable);
+  // Saves values, ascending, that the domain of a variable is to lose and can regain. Neither is
+  // for a variable that bears the stamp of the level.
+  std::size_t SaveLoss(std::uint32_t number, KivOmbiVariable& variable,
+                       std::span<const std::int32_t> values);
   // Do nothing outside all levels.
   void SaveEntailment(std::uint32_t constraint) {
     if (!levels_.empty()) entailed_.push_back(constraint);
@@ -29,13 +36,17 @@ class KIV_EXPORT KivOmbiTrail {
   void SaveWord(std::uint64_t& word) {
     if (!levels_.empty()) words_.push_back({&word, word});
   }
-  // Calls `visit(number)` for each variable whose domain was saved at the current level.
+  // Calls `visit(number)` once for each variable of whose domain anything was saved at the current
+  // level.
   template <class Visit>
   void VisitSavedDomains(Visit&& visit) const {
     if (levels_.empty()) return;
-    for (std::size_t i = levels_.back().domains; i < domains_.size(); ++i) {
-      visit(domains_[i].variable);
-    }
+    const Level& level = levels_.back();
+    const auto visit_first = [&](const auto& saved) {
+      if (saved.saved_at < LossMark(level)) visit(saved.variable);
+    };
+    std::for_each(domains_.begin() + Offset(level.domains), domains_.end(), visit_first);
+    std::for_each(losses_.begin() + Offset(level.losses), losses_.end(), visit_first);
   }
   // Restores the domains of the last level, latest first, and calls `revive(constraint)` for each
   // entailment. Throws std::bad_alloc when a domain finds no memory.
@@ -44,6 +55,10 @@ class KIV_EXPORT KivOmbiTrail {
     const Level level = levels_.back();
     for (; domains_.size() > level.domains; domains_.pop_back()) {
       RestoreDomain(domains_.back(), variables[domains_.back().variable]);
+    }
+    // A domain lost values before it was saved, if it did.
+    for (; losses_.size() > level.losses; losses_.pop_back()) {
+      RestoreLoss(losses_.back(), variables[losses_.back().variable], LossMark(level));
     }
     for (; entailed_.size() > level.entailed; entailed_.pop_back()) revive(entailed_.back());
     for (; words_.size() > level.words; words_.pop_back()) {
@@ -56,6 +71,7 @@ class KIV_EXPORT KivOmbiTrail {
  private:
   struct Level {
     std::size_t domains;
+    std::size_t losses;
     std::size_t entailed;
     std::size_t states;
     std::size_t words;
@@ -67,15 +83,29 @@ class KIV_EXPORT KivOmbiTrail {
     std::size_t state;       // where in states_
     std::uint32_t variable;
   };
+  struct Loss {
+    std::uint64_t saved_at;  // the variable's, before
+    std::uint32_t variable;
+    std::int32_t count;      // of values, which are the last of lost_ by then; negative for a run
+                             // of integers, of which lost_ has the two ends
+  };
   struct Word {
     std::uint64_t* address;
     std::uint64_t value;  // before
   };
 
+  // What marks the variables that lost values at a level and were not saved since.
+  static std::uint64_t LossMark(const Level& level) noexcept { return level.stamp - 1; }
+  static std::ptrdiff_t Offset(std::size_t index) { return static_cast<std::ptrdiff_t>(index); }
   void RestoreDomain(const Domain& saved, KivOmbiVariable& variable);
+  void RestoreLoss(const Loss& loss, KivOmbiVariable& variable, std::uint64_t loss_mark);
+  std::span<const std::int32_t> ValuesOf(const Loss& loss);
 
   std::vector<Level> levels_;
   std::vector<Domain> domains_;
+  std::vector<Loss> losses_;
+  std::vector<std::int32_t> lost_;
+  std::vector<std::int32_t> run_;  // the values of a run, to hand them out
   std::vector<std::uint32_t> entailed_;
   std::vector<std::byte> states_;
   std::vector<Word> words_;
