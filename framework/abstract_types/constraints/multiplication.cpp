@@ -1,7 +1,9 @@
+#include <array>
 #include <utility>
 
 #include "framework/abstract_types/constraints/arithmetic.h"
 #include "framework/abstract_types/constraints/ground_truth.h"
+#include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/abstract_types/constraints/power_narrowing.h"
 
@@ -12,8 +14,22 @@ enum Argument : unsigned { kX, kY, kZ, kArguments };
 const KivOmbiOperatorConstraintDescriptor<KivOmbiMultiplicationConstraint> multiplication(
     "KivOmbiMultiplicationConstraint", kArguments, 0, true);
 
+// A fixed factor is right as soon as there is something left for the others: what the bounds tell
+// of these is then exact.
+void NarrowBounds(std::array<kiv::Hull, kArguments>& hulls) {
+  auto& [z, x, y] = hulls;
+  z = kiv::Intersection(z, kiv::Product(x, y));
+  if (!x.IsFixed()) x = kiv::Factor(x, y, z);
+  if (!y.IsFixed()) y = kiv::Factor(y, x, z);
+}
+
 KivOmbiFilterResult NarrowProduct(const KivOmbiObjectEnvironment& environment,
                                   const KivOmbiObjectDescriptor& carrier) {
+  if (const auto result =
+          kiv::NarrowHulls(environment, std::array<unsigned, 3>{kZ, kX, kY}, NarrowBounds)) {
+    return result;
+  }
+  if (!carrier.HoldsGaps()) return kKivAtFixpoint;
   if (const auto result = kiv::NarrowByOperation(
           environment, carrier, kZ,
           kiv::Product(kiv::HullOf(environment, kX), kiv::HullOf(environment, kY)),
@@ -68,7 +84,7 @@ KivOmbiMultiplicationConstraint::~KivOmbiMultiplicationConstraint() = default;
 std::int64_t KivOmbiMultiplicationConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                      std::int64_t) {
   const auto result = Narrow(environment, GetCarrier());
-  return result != 0 ? result : Settle(environment);
+  return kiv::IsEnd(result) ? result : result | Settle(environment);
 }
 
 bool KivOmbiMultiplicationConstraint::Holds(std::span<const std::int64_t> values) const {

@@ -1,5 +1,8 @@
+#include <array>
+
 #include "framework/abstract_types/constraints/arithmetic.h"
 #include "framework/abstract_types/constraints/ground_truth.h"
+#include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/abstract_types/constraints/power_narrowing.h"
 
@@ -9,6 +12,13 @@ KivOmbiFilterResult NarrowFixedPower(const KivOmbiObjectEnvironment& environment
                                      const KivOmbiObjectDescriptor& carrier, unsigned x,
                                      std::int32_t exponent, unsigned z) {
   const Hull exponents{exponent, exponent};
+  const auto narrow_bounds = [&](std::array<Hull, 2>& hulls) {
+    auto& [power, base] = hulls;
+    power = Intersection(power, Power(base, exponents));
+    if (!base.IsFixed()) base = Base(base, exponents, power);
+  };
+  if (const auto result = NarrowHulls(environment, std::array{z, x}, narrow_bounds)) return result;
+  if (!carrier.HoldsGaps()) return kKivAtFixpoint;
   if (const auto result = NarrowByOperation(
           environment, carrier, z, Power(HullOf(environment, x), exponents),
           [&](KivOmbiInteger& power, const KivOmbiInteger& base) {
