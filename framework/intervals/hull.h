@@ -84,4 +84,13 @@ KIV_EXPORT Hull SignOperand(const Hull& x, const Hull& s);
 KIV_EXPORT Hull Base(const Hull& x, const Hull& y, const Hull& z);
 KIV_EXPORT Hull Exponent(const Hull& x, const Hull& y, const Hull& z);
 
+// All directions together, over and over until none of them narrows anything; some hull is empty
+// when there is no solution left. For positive operands without a call or a division that changes
+// nothing. As many rounds as bounds have to move.
+
+// z = x * y, by Product and Factor.
+KIV_EXPORT void SettleProduct(Hull& x, Hull& y, Hull& z);
+// z = x ^ exponent, by Power and Base.
+KIV_EXPORT void SettlePower(Hull& x, std::int64_t exponent, Hull& z);
+
 }  // namespace kiv

@@ -137,6 +137,18 @@ Hull Base(const Hull& x, const Hull& y, const Hull& z) {
   return bases;
 }
 
+void SettlePower(Hull& x, std::int64_t exponent, Hull& z) {
+  const Hull exponents{exponent, exponent};
+  while (!z.IsEmpty()) {
+    const Hull powers = Power(x, exponents);
+    z = Intersection(z, powers);
+    if (z == powers || x.IsFixed()) return;
+    const Hull bases = Base(x, exponents, z);
+    if (bases == x) return;
+    x = bases;
+  }
+}
+
 // For the same reason, and since a negative exponent has positive ones of its parity beside it, the
 // ends of the hull are among the two outermost exponents on either side and 0 .. 61.
 Hull Exponent(const Hull& x, const Hull& y, const Hull& z) {

@@ -8,13 +8,25 @@
 
 namespace kiv {
 
-// Narrows the bounds of some arguments as far as `narrow(hulls)` can, which takes their hulls,
-// leaves the first one what the others do, and then these what it does. As most bounds need several
-// rounds to settle, they do so as numbers; only then are the domains written, in the order of
-// `arguments`. Running again at once would change nothing.
+// Narrows `hulls` by `narrow(hulls)`, which leaves the first one what the others do and then these
+// what it does, over and over until that changes nothing.
 template <std::size_t kCount, class Narrow>
+void SettleHulls(std::array<Hull, kCount>& hulls, Narrow&& narrow) {
+  for (;;) {
+    const std::array<Hull, kCount> before = hulls;
+    narrow(hulls);
+    if (std::ranges::any_of(hulls, &Hull::IsEmpty)) return;
+    if (std::equal(hulls.begin() + 1, hulls.end(), before.begin() + 1)) return;
+  }
+}
+
+// Narrows the bounds of some arguments to what `settle(hulls)` leaves of their hulls, which running
+// again would not change. As most bounds need several rounds to settle, they do so as numbers; only
+// then are the domains written, in the order of `arguments`. Running again at once would change
+// nothing.
+template <std::size_t kCount, class Settle>
 KivOmbiFilterResult NarrowHulls(const KivOmbiObjectEnvironment& environment,
-                                const std::array<unsigned, kCount>& arguments, Narrow&& narrow) {
+                                const std::array<unsigned, kCount>& arguments, Settle&& settle) {
   using Hulls = std::array<Hull, kCount>;
   const auto read = [&] {
     Hulls hulls;
@@ -23,11 +35,8 @@ KivOmbiFilterResult NarrowHulls(const KivOmbiObjectEnvironment& environment,
   };
   for (Hulls before = read();;) {
     Hulls settled = before;
-    for (Hulls last = before;; last = settled) {
-      narrow(settled);
-      if (std::ranges::any_of(settled, &Hull::IsEmpty)) return Empty(environment, arguments[0]);
-      if (std::equal(settled.begin() + 1, settled.end(), last.begin() + 1)) break;
-    }
+    settle(settled);
+    if (std::ranges::any_of(settled, &Hull::IsEmpty)) return Empty(environment, arguments[0]);
     if (settled == before) return 0;
     for (std::size_t k = 0; k < kCount; ++k) {
       if (settled[k] == before[k]) continue;

@@ -14,19 +14,14 @@ enum Argument : unsigned { kX, kY, kZ, kArguments };
 const KivOmbiOperatorConstraintDescriptor<KivOmbiMultiplicationConstraint> multiplication(
     "KivOmbiMultiplicationConstraint", kArguments, 0, true);
 
-// A fixed factor is right as soon as there is something left for the others: what the bounds tell
-// of these is then exact.
-void NarrowBounds(std::array<kiv::Hull, kArguments>& hulls) {
-  auto& [z, x, y] = hulls;
-  z = kiv::Intersection(z, kiv::Product(x, y));
-  if (!x.IsFixed()) x = kiv::Factor(x, y, z);
-  if (!y.IsFixed()) y = kiv::Factor(y, x, z);
-}
-
 KivOmbiFilterResult NarrowProduct(const KivOmbiObjectEnvironment& environment,
                                   const KivOmbiObjectDescriptor& carrier) {
+  const auto settle = [](std::array<kiv::Hull, kArguments>& hulls) {
+    auto& [z, x, y] = hulls;
+    kiv::SettleProduct(x, y, z);
+  };
   if (const auto result =
-          kiv::NarrowHulls(environment, std::array<unsigned, 3>{kZ, kX, kY}, NarrowBounds)) {
+          kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY}, settle)) {
     return result;
   }
   if (!carrier.HoldsGaps()) return kKivAtFixpoint;

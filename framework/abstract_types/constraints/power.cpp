@@ -12,12 +12,11 @@ KivOmbiFilterResult NarrowFixedPower(const KivOmbiObjectEnvironment& environment
                                      const KivOmbiObjectDescriptor& carrier, unsigned x,
                                      std::int32_t exponent, unsigned z) {
   const Hull exponents{exponent, exponent};
-  const auto narrow_bounds = [&](std::array<Hull, 2>& hulls) {
+  const auto settle = [&](std::array<Hull, 2>& hulls) {
     auto& [power, base] = hulls;
-    power = Intersection(power, Power(base, exponents));
-    if (!base.IsFixed()) base = Base(base, exponents, power);
+    SettlePower(base, exponent, power);
   };
-  if (const auto result = NarrowHulls(environment, std::array{z, x}, narrow_bounds)) return result;
+  if (const auto result = NarrowHulls(environment, std::array{z, x}, settle)) return result;
   if (!carrier.HoldsGaps()) return kKivAtFixpoint;
   if (const auto result = NarrowByOperation(
           environment, carrier, z, Power(HullOf(environment, x), exponents),

@@ -31,7 +31,10 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
   if (environment.IsSame(kY, kZ)) return kiv::Empty(environment, kY);
   if (environment.IsSame(kX, kY)) return kiv::Assign(environment, kZ, 0);
   if (const auto result =
-          kiv::NarrowHulls(environment, std::array<unsigned, 3>{kZ, kX, kY}, NarrowBounds)) {
+          kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY},
+                           [](std::array<kiv::Hull, kArguments>& hulls) {
+                             kiv::SettleHulls(hulls, NarrowBounds);
+                           })) {
     return result;
   }
   // A modulus that was unknown may have got a 0 since it was removed.

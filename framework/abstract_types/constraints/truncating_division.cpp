@@ -77,14 +77,16 @@ KivOmbiFilterResult KeepSupported(const KivOmbiObjectEnvironment& environment, u
 // What is left of an open operand is exact, so that a fixed one is right as soon as there is some.
 KivOmbiFilterResult NarrowBounds(const KivOmbiObjectEnvironment& environment) {
   const bool is_same = environment.IsSame(kX, kY);
-  return kiv::NarrowHulls(
-      environment, std::array<unsigned, 3>{kZ, kX, kY},
-      [&](std::array<kiv::Hull, kArguments>& hulls) {
-        auto& [z, x, y] = hulls;
-        z = kiv::Intersection(z, is_same ? kiv::Hull{1, 1} : kiv::TruncatedQuotient(x, y));
-        if (!x.IsFixed()) x = kiv::TruncatedDividend(x, y, z);
-        if (!y.IsFixed()) y = kiv::TruncatedDivisor(x, y, z);
-      });
+  const auto narrow = [&](std::array<kiv::Hull, kArguments>& hulls) {
+    auto& [z, x, y] = hulls;
+    z = kiv::Intersection(z, is_same ? kiv::Hull{1, 1} : kiv::TruncatedQuotient(x, y));
+    if (!x.IsFixed()) x = kiv::TruncatedDividend(x, y, z);
+    if (!y.IsFixed()) y = kiv::TruncatedDivisor(x, y, z);
+  };
+  const auto settle = [&](std::array<kiv::Hull, kArguments>& hulls) {
+    kiv::SettleHulls(hulls, narrow);
+  };
+  return kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY}, settle);
 }
 
 KivOmbiFilterResult NarrowValues(const KivOmbiObjectEnvironment& environment) {
