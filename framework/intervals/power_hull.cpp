@@ -61,6 +61,17 @@ Hull RootsWithin(const Hull& a, std::int64_t exponent, const Hull& powers) {
           has_upper ? a.upper : FloorRoot(powers.upper, exponent)};
 }
 
+// For bases from 0 and an exponent from 1.
+void SettleRisingPower(Hull& x, std::int64_t exponent, Hull& z) {
+  while (!x.IsEmpty()) {
+    const Hull powers{Magnitude(x.lower, exponent), Magnitude(x.upper, exponent)};
+    z = Intersection(z, powers);
+    if (z == powers || z.IsEmpty() || x.IsFixed()) return;
+    if (z.lower > powers.lower) x.lower = CeilRoot(z.lower, exponent);
+    if (z.upper < powers.upper) x.upper = FloorRoot(z.upper, exponent);
+  }
+}
+
 // The exponents of one parity, which may be none.
 Hull OfParity(const Hull& exponents, bool odd) {
   const auto has_parity = [odd](std::int64_t e) { return !IsFinite(e) || IsOdd(e) == odd; };
@@ -138,11 +149,11 @@ Hull Base(const Hull& x, const Hull& y, const Hull& z) {
 }
 
 void SettlePower(Hull& x, std::int64_t exponent, Hull& z) {
+  if (x.lower >= 0 && exponent > 0) return SettleRisingPower(x, exponent, z);
   const Hull exponents{exponent, exponent};
-  while (!z.IsEmpty()) {
-    const Hull powers = Power(x, exponents);
-    z = Intersection(z, powers);
-    if (z == powers || x.IsFixed()) return;
+  for (;;) {
+    z = Intersection(z, Power(x, exponents));
+    if (z.IsEmpty() || x.IsFixed()) return;
     const Hull bases = Base(x, exponents, z);
     if (bases == x) return;
     x = bases;
