@@ -99,7 +99,7 @@ TEST(SettledHulls, AreThoseOfFactorsOneByOne) {
 
 TEST(SettledHulls, AreThoseOfBasesOneByOne) {
   for (const Hull& z : kResults) {
-    for (const Hull& x : HullsBetween({-6, -3, -1, 0, 1, 2, 3, 6, kUnbounded})) {
+    for (const Hull& x : HullsBetween({-6, -3, -1, 0, 1, 2, 3, 6, kGreatest, kUnbounded - 1})) {
       for (std::int64_t exponent = -3; exponent <= 5; ++exponent) {
         const Settled hulls{x, {exponent, exponent}, z};
         ASSERT_EQ(PowersOf(hulls), PlainPowersOf(hulls)) << testing::PrintToString(hulls);
