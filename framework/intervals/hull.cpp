@@ -18,16 +18,6 @@ std::int64_t SignOf(std::int64_t value) { return (value > 0) - (value < 0); }
 
 }  // namespace
 
-Hull Intersection(const Hull& a, const Hull& b) {
-  return {std::max(a.lower, b.lower), std::min(a.upper, b.upper)};
-}
-
-Hull Union(const Hull& a, const Hull& b) {
-  if (a.IsEmpty()) return b;
-  if (b.IsEmpty()) return a;
-  return {std::min(a.lower, b.lower), std::max(a.upper, b.upper)};
-}
-
 Hull Sum(const Hull& x, const Hull& y) {
   const Hull a = Operand(x);
   const Hull b = Operand(y);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "framework/base/export.h"
@@ -17,6 +18,7 @@ struct Hull {
   std::int64_t upper;
 
   constexpr bool IsEmpty() const noexcept { return lower > upper; }
+  constexpr bool IsFixed() const noexcept { return lower == upper; }
   constexpr bool Contains(std::int64_t value) const noexcept {
     return lower <= value && value <= upper;
   }
@@ -26,9 +28,15 @@ struct Hull {
 inline constexpr Hull kEmptyHull{Hull::kUnbounded, -Hull::kUnbounded};
 
 // The common part; may be empty in any way.
-KIV_EXPORT Hull Intersection(const Hull& a, const Hull& b);
+constexpr Hull Intersection(const Hull& a, const Hull& b) noexcept {
+  return {std::max(a.lower, b.lower), std::min(a.upper, b.upper)};
+}
 // The least hull around both; an empty one adds nothing.
-KIV_EXPORT Hull Union(const Hull& a, const Hull& b);
+constexpr Hull Union(const Hull& a, const Hull& b) noexcept {
+  if (a.IsEmpty()) return b;
+  if (b.IsEmpty()) return a;
+  return {std::min(a.lower, b.lower), std::max(a.upper, b.upper)};
+}
 
 // Forward: the least hull of all values of z = f(x, y) for x and y in their hulls, empty when there
 // are none. An unbounded operand holds arbitrarily large integers but no infinite one, so that 0
@@ -75,5 +83,14 @@ KIV_EXPORT Hull SignOperand(const Hull& x, const Hull& s);
 // z = x ^ y.
 KIV_EXPORT Hull Base(const Hull& x, const Hull& y, const Hull& z);
 KIV_EXPORT Hull Exponent(const Hull& x, const Hull& y, const Hull& z);
+
+// All directions together, over and over until none of them narrows anything; some hull is empty
+// when there is no solution left. For positive operands without a call or a division that changes
+// nothing. As many rounds as bounds have to move.
+
+// z = x * y, by Product and Factor.
+KIV_EXPORT void SettleProduct(Hull& x, Hull& y, Hull& z);
+// z = x ^ exponent, by Power and Base.
+KIV_EXPORT void SettlePower(Hull& x, std::int64_t exponent, Hull& z);
 
 }  // namespace kiv

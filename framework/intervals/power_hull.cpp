@@ -23,18 +23,24 @@ bool IsOdd(std::int64_t value) { return value % 2 != 0; }
 // base ^ exponent, for a base from 0 and an exponent from 1.
 std::int64_t Magnitude(std::int64_t base, std::int64_t exponent) {
   if (base <= 1) return base;
-  std::int64_t power = 1;
-  for (std::int64_t i = 0; i < exponent && IsFinite(power); ++i) power = Times(power, base);
+  std::int64_t power = base;
+  for (std::int64_t i = 1; i < exponent && IsFinite(power); ++i) power = Times(power, base);
   return power;
 }
 
-// The least base from 0 whose power is `bound` or more, for a bound from 0 to kUnbounded.
+// The least base from 0 whose square is `bound` or more, for a bound from 0 to kUnbounded. It is at
+// most 2^30, so that a double misses it by one at most.
+std::int64_t CeilSquareRoot(std::int64_t bound) {
+  auto root = static_cast<std::int64_t>(std::sqrt(static_cast<double>(bound)));
+  if (root * root < bound) ++root;
+  return root > 0 && (root - 1) * (root - 1) >= bound ? root - 1 : root;
+}
+
+// The same for another exponent from 1.
 std::int64_t CeilRoot(std::int64_t bound, std::int64_t exponent) {
   if (exponent == 1) return bound;
-  // A root is at most 2^30, so that a double misses it by one at most.
-  const auto power = static_cast<double>(bound);
-  const double estimate =
-      exponent == 2 ? std::sqrt(power) : std::pow(power, 1.0 / static_cast<double>(exponent));
+  if (exponent == 2) return CeilSquareRoot(bound);
+  const double estimate = std::pow(static_cast<double>(bound), 1.0 / static_cast<double>(exponent));
   auto root = static_cast<std::int64_t>(estimate);
   while (Magnitude(root, exponent) < bound) ++root;
   while (root > 0 && Magnitude(root - 1, exponent) >= bound) --root;
@@ -45,6 +51,25 @@ std::int64_t CeilRoot(std::int64_t bound, std::int64_t exponent) {
 // is.
 std::int64_t FloorRoot(std::int64_t bound, std::int64_t exponent) {
   return IsFinite(bound) ? CeilRoot(bound + 1, exponent) - 1 : bound;
+}
+
+// The bases in `a` whose power lies in `powers`. An end whose power does stays without a root.
+Hull RootsWithin(const Hull& a, std::int64_t exponent, const Hull& powers) {
+  const bool has_lower = Magnitude(a.lower, exponent) >= powers.lower;
+  const bool has_upper = Magnitude(a.upper, exponent) <= powers.upper;
+  return {has_lower ? a.lower : CeilRoot(powers.lower, exponent),
+          has_upper ? a.upper : FloorRoot(powers.upper, exponent)};
+}
+
+// For bases from 0 and an exponent from 1.
+void SettleRisingPower(Hull& x, std::int64_t exponent, Hull& z) {
+  while (!x.IsEmpty()) {
+    const Hull powers{Magnitude(x.lower, exponent), Magnitude(x.upper, exponent)};
+    z = Intersection(z, powers);
+    if (z == powers || z.IsEmpty() || x.IsFixed()) return;
+    if (z.lower > powers.lower) x.lower = CeilRoot(z.lower, exponent);
+    if (z.upper < powers.upper) x.upper = FloorRoot(z.upper, exponent);
+  }
 }
 
 // The exponents of one parity, which may be none.
@@ -64,10 +89,10 @@ Hull BasesFor(const Hull& x, std::int64_t exponent, const Hull& z) {
   }
   Hull bases = kEmptyHull;
   for (const int x_sign : kSigns) {
+    const Hull a = WeakSide(x, x_sign);
     const Hull powers = WeakSide(z, IsOdd(exponent) ? x_sign : 1);
-    if (powers.IsEmpty()) continue;
-    const Hull side{CeilRoot(powers.lower, exponent), FloorRoot(powers.upper, exponent)};
-    bases = Union(bases, Intersection(x, WithSign(side, x_sign)));
+    if (a.IsEmpty() || powers.IsEmpty()) continue;
+    bases = Union(bases, Intersection(x, WithSign(RootsWithin(a, exponent, powers), x_sign)));
   }
   return bases;
 }
@@ -78,6 +103,9 @@ Hull Power(const Hull& x, const Hull& y) {
   const Hull bases = Operand(x);
   const Hull exponents = Operand(y);
   if (bases.IsEmpty() || exponents.IsEmpty()) return kEmptyHull;
+  if (bases.lower >= 0 && exponents.lower > 0) {
+    return {Magnitude(bases.lower, exponents.lower), Magnitude(bases.upper, exponents.upper)};
+  }
   Hull powers = exponents.Contains(0) ? Hull{1, 1} : kEmptyHull;
   const Hull rising = StrictSide(exponents, 1);
   const Hull inverse{exponents.lower, std::min<std::int64_t>(exponents.upper, -1)};
@@ -118,6 +146,18 @@ Hull Base(const Hull& x, const Hull& y, const Hull& z) {
     bases = Union(bases, BasesFor(x, e, powers));
   }
   return bases;
+}
+
+void SettlePower(Hull& x, std::int64_t exponent, Hull& z) {
+  if (x.lower >= 0 && exponent > 0) return SettleRisingPower(x, exponent, z);
+  const Hull exponents{exponent, exponent};
+  for (;;) {
+    z = Intersection(z, Power(x, exponents));
+    if (z.IsEmpty() || x.IsFixed()) return;
+    const Hull bases = Base(x, exponents, z);
+    if (bases == x) return;
+    x = bases;
+  }
 }
 
 // For the same reason, and since a negative exponent has positive ones of its parity beside it, the

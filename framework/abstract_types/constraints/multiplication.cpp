@@ -1,7 +1,9 @@
+#include <array>
 #include <utility>
 
 #include "framework/abstract_types/constraints/arithmetic.h"
 #include "framework/abstract_types/constraints/ground_truth.h"
+#include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/abstract_types/constraints/power_narrowing.h"
 
@@ -14,6 +16,15 @@ const KivOmbiOperatorConstraintDescriptor<KivOmbiMultiplicationConstraint> multi
 
 KivOmbiFilterResult NarrowProduct(const KivOmbiObjectEnvironment& environment,
                                   const KivOmbiObjectDescriptor& carrier) {
+  const auto settle = [](std::array<kiv::Hull, kArguments>& hulls) {
+    auto& [z, x, y] = hulls;
+    kiv::SettleProduct(x, y, z);
+  };
+  if (const auto result =
+          kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY}, settle)) {
+    return result;
+  }
+  if (!carrier.HoldsGaps()) return kKivAtFixpoint;
   if (const auto result = kiv::NarrowByOperation(
           environment, carrier, kZ,
           kiv::Product(kiv::HullOf(environment, kX), kiv::HullOf(environment, kY)),
@@ -68,7 +79,7 @@ KivOmbiMultiplicationConstraint::~KivOmbiMultiplicationConstraint() = default;
 std::int64_t KivOmbiMultiplicationConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                      std::int64_t) {
   const auto result = Narrow(environment, GetCarrier());
-  return result != 0 ? result : Settle(environment);
+  return kiv::IsEnd(result) ? result : result | Settle(environment);
 }
 
 bool KivOmbiMultiplicationConstraint::Holds(std::span<const std::int64_t> values) const {

@@ -1,5 +1,6 @@
 #include "framework/abstract_types/constraints/narrowing.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "framework/abstract_types/boolean.h"
@@ -66,6 +67,35 @@ KivOmbiFilterResult Negate(const KivOmbiObjectEnvironment& environment, unsigned
   return Verdict(environment.NarrowAny(i, [&](KivOmbiAny& domain) {
     return static_cast<KivOmbiBoolean&>(domain).CalcTruthValue(value == 0);
   }));
+}
+
+// Argument i loses what is not between two bounds that both cut it; in one step where its kind can.
+KivOmbiFilterResult CutBothEnds(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                std::int32_t lower, std::int32_t upper) {
+  bool is_offered = true;
+  const bool possible = environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
+    const int result = environment.Kind(i)->KeepBetween(domain, lower, upper);
+    is_offered = result != KivOmbiObjectDescriptor::kNotOffered;
+    return is_offered ? result : 0;
+  });
+  if (is_offered) return Verdict(possible);
+  if (const auto result = TightenLower(environment, i, lower)) return result;
+  return TightenUpper(environment, i, upper);
+}
+
+// Argument i loses what is not in `hull`, which is not beyond the integers altogether.
+KivOmbiFilterResult CutToHull(const KivOmbiObjectEnvironment& environment, unsigned i,
+                              const Hull& hull) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  const bool cuts_lower = hull.lower > std::max(summary.lower, kMin);
+  const bool cuts_upper = hull.upper < std::min(summary.upper, kMax);
+  if (cuts_lower && cuts_upper) {
+    return CutBothEnds(environment, i, static_cast<std::int32_t>(hull.lower),
+                       static_cast<std::int32_t>(hull.upper));
+  }
+  return cuts_lower   ? TightenLower(environment, i, hull.lower)
+         : cuts_upper ? TightenUpper(environment, i, hull.upper)
+                      : 0;
 }
 
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, unsigned target,
@@ -206,8 +236,7 @@ KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment, un
     const bool excluded = candidates.lower >= kMax ? summary.upper < kMax : summary.lower > kMin;
     return excluded ? Empty(environment, target) : kKivOverflow;
   }
-  if (const auto result = TightenLower(environment, target, candidates.lower)) return result;
-  if (const auto result = TightenUpper(environment, target, candidates.upper)) return result;
+  if (const auto result = CutToHull(environment, target, candidates)) return result;
   const bool saturates = candidates.lower <= kMin || candidates.upper >= kMax;
   unknown = saturates && summary.IsAny();
   return summary.IsAny() && !saturates ? TakeCandidates(environment, target, candidates) : 0;

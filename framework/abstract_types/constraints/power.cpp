@@ -1,5 +1,8 @@
+#include <array>
+
 #include "framework/abstract_types/constraints/arithmetic.h"
 #include "framework/abstract_types/constraints/ground_truth.h"
+#include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/abstract_types/constraints/power_narrowing.h"
 
@@ -9,6 +12,12 @@ KivOmbiFilterResult NarrowFixedPower(const KivOmbiObjectEnvironment& environment
                                      const KivOmbiObjectDescriptor& carrier, unsigned x,
                                      std::int32_t exponent, unsigned z) {
   const Hull exponents{exponent, exponent};
+  const auto settle = [&](std::array<Hull, 2>& hulls) {
+    auto& [power, base] = hulls;
+    SettlePower(base, exponent, power);
+  };
+  if (const auto result = NarrowHulls(environment, std::array{z, x}, settle)) return result;
+  if (!carrier.HoldsGaps()) return kKivAtFixpoint;
   if (const auto result = NarrowByOperation(
           environment, carrier, z, Power(HullOf(environment, x), exponents),
           [&](KivOmbiInteger& power, const KivOmbiInteger& base) {

@@ -1,5 +1,8 @@
+#include <array>
+
 #include "framework/abstract_types/constraints/arithmetic.h"
 #include "framework/abstract_types/constraints/ground_truth.h"
+#include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 
 namespace {
@@ -9,14 +12,33 @@ enum Argument : unsigned { kX, kY, kZ, kArguments };
 const KivOmbiOperatorConstraintDescriptor<KivOmbiRemainderConstraint> remainder(
     "KivOmbiRemainderConstraint", kArguments, 0, true);
 
+// A fixed modulus is right as soon as there are dividends left for it, which are exact then.
+void NarrowBounds(std::array<kiv::Hull, kArguments>& hulls) {
+  auto& [z, x, y] = hulls;
+  z = kiv::Intersection(z, kiv::Remainder(x, y));
+  if (x.IsFixed() && y.IsFixed()) return;
+  x = kiv::Dividend(x, y, z);
+  if (!y.IsFixed()) y = kiv::Modulus(x, y, z);
+}
+
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
                            const KivOmbiObjectDescriptor& carrier) {
   const auto hull = [&](unsigned i) { return kiv::HullOf(environment, i); };
+  const bool is_modulus_known = !environment.Summary(kY).IsAny();
   // With 0 among the moduli a kind that keeps values would say nothing of the rest.
   if (const auto result = kiv::RemoveValue(environment, kY, 0)) return result;
   // A remainder is less than its modulus.
   if (environment.IsSame(kY, kZ)) return kiv::Empty(environment, kY);
   if (environment.IsSame(kX, kY)) return kiv::Assign(environment, kZ, 0);
+  if (const auto result =
+          kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY},
+                           [](std::array<kiv::Hull, kArguments>& hulls) {
+                             kiv::SettleHulls(hulls, NarrowBounds);
+                           })) {
+    return result;
+  }
+  // A modulus that was unknown may have got a 0 since it was removed.
+  if (!carrier.HoldsGaps()) return is_modulus_known ? kKivAtFixpoint : 0;
   if (const auto result = kiv::NarrowByOperation(
           environment, carrier, kZ, kiv::Remainder(hull(kX), hull(kY)),
           [](KivOmbiInteger& z, const KivOmbiInteger& x, const KivOmbiInteger& y) {
@@ -53,7 +75,7 @@ KivOmbiRemainderConstraint::~KivOmbiRemainderConstraint() = default;
 std::int64_t KivOmbiRemainderConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                 std::int64_t) {
   const auto result = Narrow(environment, GetCarrier());
-  return result != 0 ? result : Settle(environment);
+  return kiv::IsEnd(result) ? result : result | Settle(environment);
 }
 
 bool KivOmbiRemainderConstraint::Holds(std::span<const std::int64_t> values) const {

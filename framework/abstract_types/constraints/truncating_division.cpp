@@ -1,8 +1,10 @@
 #include "framework/abstract_types/constraints/truncating_division.h"
 
 #include <algorithm>
+#include <array>
 
 #include "framework/abstract_types/constraints/ground_truth.h"
+#include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/hull.h"
 #include "framework/intervals/sub_int_base.h"
@@ -26,6 +28,12 @@ bool IsListable(const KivOmbiDomainSummary& summary) {
 bool HaveFewPairs(const KivOmbiDomainSummary& a, const KivOmbiDomainSummary& b) {
   return IsListable(a) && IsListable(b) &&
          std::uint64_t{a.cardinality} * b.cardinality <= kMostPairs;
+}
+
+// Whether bounds are all that is known of a domain, or all there is to know.
+bool HasNoGaps(const KivOmbiDomainSummary& summary) {
+  return !IsListable(summary) ||
+         std::int64_t{summary.upper} - summary.lower + 1 == summary.cardinality;
 }
 
 // Whether `test(value)` for some value of a listable argument.
@@ -66,18 +74,19 @@ KivOmbiFilterResult KeepSupported(const KivOmbiObjectEnvironment& environment, u
   return possible ? 0 : kKivContradiction;
 }
 
-KivOmbiFilterResult NarrowHulls(const KivOmbiObjectEnvironment& environment) {
-  const auto hull = [&](unsigned i) { return kiv::HullOf(environment, i); };
-  const auto narrow = [&](unsigned target, const kiv::Hull& candidates) {
-    return kiv::NarrowToHull(environment, target, candidates);
+// What is left of an open operand is exact, so that a fixed one is right as soon as there is some.
+KivOmbiFilterResult NarrowBounds(const KivOmbiObjectEnvironment& environment) {
+  const bool is_same = environment.IsSame(kX, kY);
+  const auto narrow = [&](std::array<kiv::Hull, kArguments>& hulls) {
+    auto& [z, x, y] = hulls;
+    z = kiv::Intersection(z, is_same ? kiv::Hull{1, 1} : kiv::TruncatedQuotient(x, y));
+    if (!x.IsFixed()) x = kiv::TruncatedDividend(x, y, z);
+    if (!y.IsFixed()) y = kiv::TruncatedDivisor(x, y, z);
   };
-  const kiv::Hull quotients =
-      environment.IsSame(kX, kY) ? kiv::Hull{1, 1} : kiv::TruncatedQuotient(hull(kX), hull(kY));
-  if (const auto result = narrow(kZ, quotients)) return result;
-  if (const auto result = narrow(kX, kiv::TruncatedDividend(hull(kX), hull(kY), hull(kZ)))) {
-    return result;
-  }
-  return narrow(kY, kiv::TruncatedDivisor(hull(kX), hull(kY), hull(kZ)));
+  const auto settle = [&](std::array<kiv::Hull, kArguments>& hulls) {
+    kiv::SettleHulls(hulls, narrow);
+  };
+  return kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY}, settle);
 }
 
 KivOmbiFilterResult NarrowValues(const KivOmbiObjectEnvironment& environment) {
@@ -88,7 +97,15 @@ KivOmbiFilterResult NarrowValues(const KivOmbiObjectEnvironment& environment) {
     constexpr kiv::Hull kAll{-kiv::Hull::kUnbounded, kiv::Hull::kUnbounded};
     return y != 0 && MayBeIn(environment, kX, kiv::TruncatedDividend(kAll, {y, y}, {z, z}));
   };
-  if (HaveFewPairs(environment.Summary(kX), environment.Summary(kY))) {
+  // For one divisor the dividends of successive quotients are successive, so that the bounds of the
+  // ones tell all of the others where these have no gaps.
+  const bool is_divisor_fixed = environment.Summary(kY).IsFixed();
+  const auto is_exact_beside = [&](unsigned i) {
+    return is_divisor_fixed && HasNoGaps(environment.Summary(i));
+  };
+  const bool has_few_dividends =
+      !is_exact_beside(kZ) && HaveFewPairs(environment.Summary(kX), environment.Summary(kY));
+  if (has_few_dividends) {
     if (const auto result = KeepSupported(environment, kX, [&](std::int32_t x) {
           return HasValueThat(environment, kY, [&](std::int32_t y) { return is_quotient(x, y); });
         })) {
@@ -100,7 +117,9 @@ KivOmbiFilterResult NarrowValues(const KivOmbiObjectEnvironment& environment) {
       return result;
     }
   }
-  if (!HaveFewPairs(environment.Summary(kY), environment.Summary(kZ))) return 0;
+  if (is_exact_beside(kX) || !HaveFewPairs(environment.Summary(kY), environment.Summary(kZ))) {
+    return has_few_dividends ? 0 : kKivAtFixpoint;
+  }
   return KeepSupported(environment, kZ, [&](std::int32_t z) {
     return HasValueThat(environment, kY, [&](std::int32_t y) { return is_divided(y, z); });
   });
@@ -118,13 +137,14 @@ KivOmbiTruncatingDivisionConstraint::~KivOmbiTruncatingDivisionConstraint() = de
 
 std::int64_t KivOmbiTruncatingDivisionConstraint::Filter(
     const KivOmbiObjectEnvironment& environment, std::int64_t) {
+  const bool is_divisor_known = !environment.Summary(kY).IsAny();
   if (const auto result = kiv::RemoveValue(environment, kY, 0)) return result;
-  if (const auto result = NarrowHulls(environment)) return result;
-  if (const auto result = NarrowValues(environment)) return result;
-  return Settle(environment);
+  if (const auto result = NarrowBounds(environment)) return result;
+  const auto result = NarrowValues(environment);
+  if (kiv::IsEnd(result)) return result;
+  // A divisor that was unknown may have got a 0 since it was removed.
+  return (is_divisor_known ? result : 0) | Settle(environment);
 }
-
-KivOmbiConstraint::Cost KivOmbiTruncatingDivisionConstraint::GetCost() const { return kQuadratic; }
 
 bool KivOmbiTruncatingDivisionConstraint::Holds(std::span<const std::int64_t> values) const {
   return kiv::ground_truth::IsTruncatedQuotient(values[kX], values[kY], values[kZ]);

@@ -14,6 +14,5 @@ class KIV_EXPORT KivOmbiTruncatingDivisionConstraint final : public KivOmbiOpera
   ~KivOmbiTruncatingDivisionConstraint() override;
 
   std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
-  Cost GetCost() const override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
