@@ -40,6 +40,9 @@ class KIV_EXPORT LinearReified final : public KivOmbiConstraint {
   LinearSum sum_;
   LinearRelation relation_;
   Int128 constant_;
+  // sum = constant, of an order relation sum <= constant; and the opposite of that.
+  LinearSum::Limits limits_;
+  LinearSum::Limits opposite_;
   Reification reification_;
 };
 
