@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 
 #include "framework/abstract_types/constraint.h"
+#include "solver/constraints/open_terms.h"
 
 namespace kiv {
 
@@ -15,9 +15,9 @@ namespace kiv {
 // tell when all is at rest, and nothing is divided in vain.
 class ClosedSum {
  public:
-  ClosedSum(const KivOmbiObjectEnvironment& environment, std::span<const std::int64_t> coefficients,
-            std::int64_t low, std::int64_t high)
-      : environment_(environment), coefficients_(coefficients), low_(low), high_(high) {
+  ClosedSum(const KivOmbiObjectEnvironment& environment, OpenTerms& terms, std::int64_t low,
+            std::int64_t high)
+      : environment_(environment), terms_(terms), low_(low), high_(high) {
     Read();
   }
 
@@ -37,10 +37,10 @@ class ClosedSum {
   bool NarrowEach(bool& changed);
 
  private:
-  bool NarrowOne(unsigned i, bool& changed);
+  bool NarrowOne(const OpenTerms::Term& term, bool& changed);
 
   const KivOmbiObjectEnvironment& environment_;
-  std::span<const std::int64_t> coefficients_;
+  OpenTerms& terms_;
   std::int64_t low_;
   std::int64_t high_;
   bool is_closed_ = true;

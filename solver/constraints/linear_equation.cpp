@@ -32,7 +32,7 @@ bool LinearEquation::Holds(std::span<const std::int64_t> values) const {
   return sum_.Of(values) == constant_;
 }
 
-KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, LinearSum& sum,
                                   const LinearSum::Limits& limits) {
   const auto result = sum.NarrowTo(environment, limits);
   const bool goes_on =

@@ -33,7 +33,7 @@ class KIV_EXPORT LinearEquation final : public KivOmbiConstraint {
 };
 
 // What the class does in a run, for a sum over the first arguments; both limits are the constant.
-KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, LinearSum& sum,
                                   const LinearSum::Limits& limits);
 
 // The events of an argument that can let NarrowToEqual narrow another.

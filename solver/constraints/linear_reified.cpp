@@ -35,21 +35,20 @@ std::int64_t LinearReified::Filter(const KivOmbiObjectEnvironment& environment, 
       [&](bool holds) { return Impose(environment, holds); });
 }
 
-std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& environment) const {
+std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& environment) {
   if (relation_ == LinearRelation::kLessOrEqual) return sum_.Meets(environment, limits_);
   const auto equal = DecideEqual(environment);
   return equal ? std::optional(*equal == (relation_ == LinearRelation::kEqual)) : std::nullopt;
 }
 
-std::optional<bool> LinearReified::DecideEqual(const KivOmbiObjectEnvironment& environment) const {
+std::optional<bool> LinearReified::DecideEqual(const KivOmbiObjectEnvironment& environment) {
   if (const auto equal = sum_.Meets(environment, limits_)) return equal;
   const bool is_short = sum_.Count() <= kMostSupportedTerms;
   if (is_short && !HasSupport(environment, sum_, constant_)) return false;
   return std::nullopt;
 }
 
-KivOmbiFilterResult LinearReified::Impose(const KivOmbiObjectEnvironment& environment,
-                                          bool holds) const {
+KivOmbiFilterResult LinearReified::Impose(const KivOmbiObjectEnvironment& environment, bool holds) {
   if (relation_ == LinearRelation::kLessOrEqual) {
     return sum_.NarrowTo(environment, holds ? limits_ : opposite_);
   }

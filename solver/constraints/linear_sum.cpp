@@ -229,7 +229,7 @@ KivOmbiFilterResult NarrowClosed(const KivOmbiObjectEnvironment& environment, co
 }  // namespace
 
 LinearSum::LinearSum(std::vector<std::int64_t> coefficients)
-    : coefficients_(std::move(coefficients)), reach_(0) {
+    : coefficients_(std::move(coefficients)), terms_(coefficients_), reach_(0) {
   for (const std::int64_t coefficient : coefficients_) {
     const Int128 size = coefficient < 0 ? -static_cast<Int128>(coefficient) : coefficient;
     reach_ += size << 31;
@@ -264,18 +264,18 @@ LinearSum::Limits LinearSum::LimitsOf(std::optional<Int128> low, std::optional<I
 }
 
 std::optional<bool> LinearSum::Meets(const KivOmbiObjectEnvironment& environment,
-                                     const Limits& limits) const {
+                                     const Limits& limits) {
   if (!IsNarrow()) return kiv::Meets<Int128>(environment, coefficients_, limits);
-  const ClosedSum closed(environment, coefficients_, limits.narrow_low, limits.narrow_high);
+  const ClosedSum closed(environment, terms_, limits.narrow_low, limits.narrow_high);
   if (!closed.IsClosed()) return kiv::Meets<std::int64_t>(environment, coefficients_, limits);
   if (closed.IsMissed()) return false;
   return closed.Holds() ? std::optional(true) : std::nullopt;
 }
 
 KivOmbiFilterResult LinearSum::NarrowTo(const KivOmbiObjectEnvironment& environment,
-                                        const Limits& limits) const {
+                                        const Limits& limits) {
   if (!IsNarrow()) return Narrow<Int128>(environment, *this, limits);
-  ClosedSum closed(environment, coefficients_, limits.narrow_low, limits.narrow_high);
+  ClosedSum closed(environment, terms_, limits.narrow_low, limits.narrow_high);
   if (closed.IsClosed()) return NarrowClosed(environment, *this, limits, closed);
   return Narrow<std::int64_t>(environment, *this, limits);
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "framework/abstract_types/constraint.h"
+#include "solver/constraints/open_terms.h"
 #include "solver/constraints/wide_integer.h"
 
 namespace kiv {
@@ -44,20 +45,19 @@ class LinearSum {
   Limits LimitsOf(std::optional<Int128> low, std::optional<Int128> high) const;
 
   // Whether the bounds of the arguments tell that every choice meets the limits, or that none does.
-  std::optional<bool> Meets(const KivOmbiObjectEnvironment& environment,
-                            const Limits& limits) const;
+  std::optional<bool> Meets(const KivOmbiObjectEnvironment& environment, const Limits& limits);
 
   // Narrows the bounds of the arguments to those with which the limits can be met over the reals.
   // An unknown argument that only few values are left for takes them, if its kind can. At most a
   // set number of rounds over the arguments: a run that is still moving then gives way, without
   // kKivAtFixpoint.
-  KivOmbiFilterResult NarrowTo(const KivOmbiObjectEnvironment& environment,
-                               const Limits& limits) const;
+  KivOmbiFilterResult NarrowTo(const KivOmbiObjectEnvironment& environment, const Limits& limits);
 
  private:
   static constexpr Int128 kNarrowReach = Int128{1} << 61;
 
   std::vector<std::int64_t> coefficients_;
+  OpenTerms terms_;
   Int128 reach_;  // no sum of 32-bit values is further from 0
 };
 
