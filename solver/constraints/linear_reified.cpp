@@ -54,7 +54,7 @@ KivOmbiFilterResult LinearReified::Impose(const KivOmbiObjectEnvironment& enviro
   }
   const bool is_equal = holds == (relation_ == LinearRelation::kEqual);
   return is_equal ? NarrowToEqual(environment, sum_, limits_)
-                  : NarrowToUnequal(environment, sum_, constant_);
+                  : NarrowToUnequal(environment, sum_, limits_);
 }
 
 KivOmbiConstraint::Cost LinearReified::GetCost() const { return sum_.GetCost(); }
