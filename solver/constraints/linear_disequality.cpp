@@ -2,8 +2,7 @@
 
 #include <utility>
 
-#include "framework/abstract_types/constraints/narrowing.h"
-#include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/value_sets.h"
 
 namespace kiv {
 
@@ -17,15 +16,41 @@ unsigned FindOpen(const KivOmbiObjectEnvironment& environment, unsigned from, un
   return from;
 }
 
+// The sum is not `constant`, where all arguments but `open` are fixed, or all when that is none.
+template <class Wide>
+KivOmbiFilterResult NarrowLast(const KivOmbiObjectEnvironment& environment,
+                               std::span<const std::int64_t> coefficients, Wide constant,
+                               unsigned open) {
+  Wide rest = constant;
+  for (unsigned i = 0; i < coefficients.size(); ++i) {
+    if (i != open) rest -= static_cast<Wide>(coefficients[i]) * environment.Summary(i).lower;
+  }
+  if (open == coefficients.size()) return rest != 0 ? kKivEntailed : kKivContradiction;
+  const auto divisor = static_cast<Wide>(coefficients[open]);
+  if (rest % divisor != 0) return kKivEntailed;
+  return Exclude(environment, open, ToHullBound(rest / divisor));
+}
+
+// For a sum of which at most argument `open` is not fixed.
+KivOmbiFilterResult NarrowLast(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+                               const LinearSum::Limits& limits, unsigned open) {
+  const auto coefficients = sum.GetCoefficients();
+  return sum.IsNarrow() ? NarrowLast(environment, coefficients, limits.narrow_low, open)
+                        : NarrowLast(environment, coefficients, *limits.low, open);
+}
+
 }  // namespace
 
 LinearDisequality::LinearDisequality(std::vector<std::int64_t> coefficients, Int128 constant)
-    : KivOmbiConstraint(&descriptor), sum_(std::move(coefficients)), constant_(constant) {}
+    : KivOmbiConstraint(&descriptor),
+      sum_(std::move(coefficients)),
+      constant_(constant),
+      limits_(sum_.LimitsOf(constant, constant)) {}
 
 void LinearDisequality::ActivateByArgument(unsigned index, std::int64_t events,
                                            KivOmbiNetwork* network) {
   const bool is_watched = index == watched_[0] || index == watched_[1];
-  const bool concerns = index == last_open_ || (is_watched && (events & kKivFixed) != 0);
+  const bool concerns = index == stuck_ || (is_watched && (events & kKivFixed) != 0);
   if (concerns) network->Enqueue(GetNumber(), events);
 }
 
@@ -38,8 +63,9 @@ std::int64_t LinearDisequality::Filter(const KivOmbiObjectEnvironment& environme
     watched_ = {first, second};
     return kKivAtFixpoint;
   }
-  if (first < sum_.Count()) last_open_ = first;
-  return NarrowToUnequal(environment, sum_, constant_);
+  const auto result = NarrowLast(environment, sum_, limits_, first);
+  if (result == kKivAtFixpoint) stuck_ = first;
+  return result;
 }
 
 KivOmbiConstraint::Cost LinearDisequality::GetCost() const { return sum_.GetCost(); }
@@ -53,29 +79,10 @@ bool LinearDisequality::Holds(std::span<const std::int64_t> values) const {
 }
 
 KivOmbiFilterResult NarrowToUnequal(const KivOmbiObjectEnvironment& environment,
-                                    const LinearSum& sum, Int128 constant) {
-  const std::span<const std::int64_t> coefficients = sum.GetCoefficients();
-  unsigned open = sum.Count();
-  Int128 rest = constant;
-  for (unsigned i = 0; i < sum.Count(); ++i) {
-    const KivOmbiDomainSummary& summary = environment.Summary(i);
-    if (summary.IsFixed()) {
-      rest -= static_cast<Int128>(coefficients[i]) * summary.lower;
-    } else if (open == sum.Count()) {
-      open = i;
-    } else {
-      return kKivAtFixpoint;
-    }
-  }
-  if (open == sum.Count()) return rest != 0 ? kKivEntailed : kKivContradiction;
-  const Int128 left_out = rest / coefficients[open];
-  if (rest % coefficients[open] != 0 || left_out <= SubIntBase::kMin ||
-      left_out >= SubIntBase::kMax) {
-    return kKivEntailed;
-  }
-  const auto value = static_cast<std::int32_t>(left_out);
-  if (const auto result = RemoveValue(environment, open, value)) return result;
-  return environment.Integer(open).MayBe(value) ? kKivAtFixpoint : kKivEntailed;
+                                    const LinearSum& sum, const LinearSum::Limits& limits) {
+  const unsigned first = FindOpen(environment, 0, sum.Count());
+  const bool has_other = FindOpen(environment, first + 1, sum.Count()) < sum.Count();
+  return has_other ? kKivAtFixpoint : NarrowLast(environment, sum, limits, first);
 }
 
 }  // namespace kiv

@@ -30,18 +30,19 @@ class KIV_EXPORT LinearDisequality final : public KivOmbiConstraint {
 
   LinearSum sum_;
   Int128 constant_;
+  LinearSum::Limits limits_;
   // Two arguments that were open when last looked at: nothing is to be done while both are. A level
   // taken back only opens arguments, so they stay as they are then.
   std::array<unsigned, 2> watched_{kNone, kNone};
-  // The argument that was the only open one when last looked at: its bounds may come to lie on the
-  // value that it could not lose inside. It is so again when a level that fixed it is taken back;
-  // where another level made it so, it costs a run at most.
-  unsigned last_open_ = kNone;
+  // The argument that was the only open one when last looked at and could not lose the value: its
+  // bounds may come to lie on it. It is so again when a level that fixed it is taken back; where
+  // another level made it so, it costs a run at most.
+  unsigned stuck_ = kNone;
 };
 
-// Removes the one value with which sum = constant from the only argument that is not fixed, for a
-// sum over the first arguments.
+// Removes the one value with which the sum is its limit, low and high, from the only argument that
+// is not fixed, for a sum over the first arguments.
 KivOmbiFilterResult NarrowToUnequal(const KivOmbiObjectEnvironment& environment,
-                                    const LinearSum& sum, Int128 constant);
+                                    const LinearSum& sum, const LinearSum::Limits& limits);
 
 }  // namespace kiv

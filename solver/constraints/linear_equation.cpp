@@ -13,10 +13,13 @@ const KivOmbiConstraintDescriptor descriptor("kiv::LinearEquation", 0, 0, true);
 }  // namespace
 
 LinearEquation::LinearEquation(std::vector<std::int64_t> coefficients, Int128 constant)
-    : KivOmbiConstraint(&descriptor), sum_(std::move(coefficients)), constant_(constant) {}
+    : KivOmbiConstraint(&descriptor),
+      sum_(std::move(coefficients)),
+      constant_(constant),
+      limits_(sum_.LimitsOf(constant, constant)) {}
 
 std::int64_t LinearEquation::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  return NarrowToEqual(environment, sum_, constant_);
+  return NarrowToEqual(environment, sum_, limits_);
 }
 
 KivOmbiConstraint::Cost LinearEquation::GetCost() const { return sum_.GetCost(); }
@@ -29,13 +32,13 @@ bool LinearEquation::Holds(std::span<const std::int64_t> values) const {
   return sum_.Of(values) == constant_;
 }
 
-KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-                                  Int128 constant) {
-  const auto result = sum.NarrowTo(environment, constant, constant);
+KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, LinearSum& sum,
+                                  const LinearSum::Limits& limits) {
+  const auto result = sum.NarrowTo(environment, limits);
   const bool goes_on =
       (result & kKivAtFixpoint) != 0 && (result & (kKivEntailed | kKivOverflow)) == 0;
   if (!goes_on || sum.Count() > kMostSupportedTerms) return result;
-  const auto supported = NarrowToSupported(environment, sum, constant);
+  const auto supported = NarrowToSupported(environment, sum, *limits.low);
   return supported != 0 ? supported : result;
 }
 

@@ -29,11 +29,12 @@ class KIV_EXPORT LinearEquation final : public KivOmbiConstraint {
  private:
   LinearSum sum_;
   Int128 constant_;
+  LinearSum::Limits limits_;
 };
 
-// What the class does in a run, for a sum over the first arguments.
-KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-                                  Int128 constant);
+// What the class does in a run, for a sum over the first arguments; both limits are the constant.
+KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, LinearSum& sum,
+                                  const LinearSum::Limits& limits);
 
 // The events of an argument that can let NarrowToEqual narrow another.
 std::int64_t WakingEventsOfEquation(const LinearSum& sum);

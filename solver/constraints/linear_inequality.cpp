@@ -11,10 +11,13 @@ const KivOmbiConstraintDescriptor descriptor("kiv::LinearInequality", 0, 0, true
 }  // namespace
 
 LinearInequality::LinearInequality(std::vector<std::int64_t> coefficients, Int128 constant)
-    : KivOmbiConstraint(&descriptor), sum_(std::move(coefficients)), constant_(constant) {}
+    : KivOmbiConstraint(&descriptor),
+      sum_(std::move(coefficients)),
+      constant_(constant),
+      limits_(sum_.LimitsOf(std::nullopt, constant)) {}
 
 std::int64_t LinearInequality::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  return sum_.NarrowTo(environment, std::nullopt, constant_);
+  return sum_.NarrowTo(environment, limits_);
 }
 
 KivOmbiConstraint::Cost LinearInequality::GetCost() const { return sum_.GetCost(); }

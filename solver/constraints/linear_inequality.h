@@ -24,6 +24,7 @@ class KIV_EXPORT LinearInequality final : public KivOmbiConstraint {
  private:
   LinearSum sum_;
   Int128 constant_;
+  LinearSum::Limits limits_;
 };
 
 }  // namespace kiv

@@ -16,6 +16,7 @@
 #include "solver/constraints/linear_equation.h"
 #include "solver/constraints/linear_inequality.h"
 #include "solver/constraints/range_truth.h"
+#include "solver/constraints/unequal_difference.h"
 
 namespace kiv {
 
@@ -161,7 +162,11 @@ std::optional<KivOmbNetwork::ConstraintId> PostDifference(KivOmbNetwork& network
     return network.Emplace<BoundedDifferenceTruth>(std::array{x, y, truth->variable}, constant,
                                                    truth->reification);
   }
-  if (!truth || constant != 0) return std::nullopt;
+  if (!truth) {
+    if (form.relation == LinearRelation::kEqual) return std::nullopt;
+    return network.Emplace<UnequalDifference>(std::array{x, y}, constant);
+  }
+  if (constant != 0) return std::nullopt;
   const auto which =
       form.relation == LinearRelation::kEqual ? EqualTruth::kEqual : EqualTruth::kUnequal;
   return network.Emplace<EqualTruth>(std::array{x, y, truth->variable}, which, truth->reification);

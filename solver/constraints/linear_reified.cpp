@@ -21,6 +21,9 @@ LinearReified::LinearReified(std::vector<std::int64_t> coefficients, LinearRelat
       sum_(std::move(coefficients)),
       relation_(relation),
       constant_(constant),
+      limits_(relation == LinearRelation::kLessOrEqual ? sum_.LimitsOf(std::nullopt, constant)
+                                                       : sum_.LimitsOf(constant, constant)),
+      opposite_(sum_.LimitsOf(constant + 1, std::nullopt)),
       reification_(reification) {
   assert(relation == LinearRelation::kEqual || relation == LinearRelation::kUnequal ||
          relation == LinearRelation::kLessOrEqual);
@@ -32,36 +35,26 @@ std::int64_t LinearReified::Filter(const KivOmbiObjectEnvironment& environment, 
       [&](bool holds) { return Impose(environment, holds); });
 }
 
-std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& environment) const {
-  if (relation_ == LinearRelation::kEqual) return DecideEqual(environment);
-  if (relation_ == LinearRelation::kUnequal) {
-    const auto equal = DecideEqual(environment);
-    return equal ? std::optional(!*equal) : std::nullopt;
-  }
-  const auto [lower, upper] = sum_.RangeOver(environment);
-  if (upper && *upper <= constant_) return true;
-  if (lower && *lower > constant_) return false;
-  return std::nullopt;
+std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& environment) {
+  if (relation_ == LinearRelation::kLessOrEqual) return sum_.Meets(environment, limits_);
+  const auto equal = DecideEqual(environment);
+  return equal ? std::optional(*equal == (relation_ == LinearRelation::kEqual)) : std::nullopt;
 }
 
-std::optional<bool> LinearReified::DecideEqual(const KivOmbiObjectEnvironment& environment) const {
-  const auto [lower, upper] = sum_.RangeOver(environment);
-  if ((lower && *lower > constant_) || (upper && *upper < constant_)) return false;
-  if (lower && upper && *lower == *upper) return true;
+std::optional<bool> LinearReified::DecideEqual(const KivOmbiObjectEnvironment& environment) {
+  if (const auto equal = sum_.Meets(environment, limits_)) return equal;
   const bool is_short = sum_.Count() <= kMostSupportedTerms;
   if (is_short && !HasSupport(environment, sum_, constant_)) return false;
   return std::nullopt;
 }
 
-KivOmbiFilterResult LinearReified::Impose(const KivOmbiObjectEnvironment& environment,
-                                          bool holds) const {
+KivOmbiFilterResult LinearReified::Impose(const KivOmbiObjectEnvironment& environment, bool holds) {
   if (relation_ == LinearRelation::kLessOrEqual) {
-    return holds ? sum_.NarrowTo(environment, std::nullopt, constant_)
-                 : sum_.NarrowTo(environment, constant_ + 1, std::nullopt);
+    return sum_.NarrowTo(environment, holds ? limits_ : opposite_);
   }
   const bool is_equal = holds == (relation_ == LinearRelation::kEqual);
-  return is_equal ? NarrowToEqual(environment, sum_, constant_)
-                  : NarrowToUnequal(environment, sum_, constant_);
+  return is_equal ? NarrowToEqual(environment, sum_, limits_)
+                  : NarrowToUnequal(environment, sum_, limits_);
 }
 
 KivOmbiConstraint::Cost LinearReified::GetCost() const { return sum_.GetCost(); }

@@ -32,14 +32,17 @@ class KIV_EXPORT LinearReified final : public KivOmbiConstraint {
 
  private:
   // Whether the relation holds, as far as the domains decide it.
-  std::optional<bool> Decide(const KivOmbiObjectEnvironment& environment) const;
-  std::optional<bool> DecideEqual(const KivOmbiObjectEnvironment& environment) const;
+  std::optional<bool> Decide(const KivOmbiObjectEnvironment& environment);
+  std::optional<bool> DecideEqual(const KivOmbiObjectEnvironment& environment);
   // Narrows to where the relation holds, or to where it does not.
-  KivOmbiFilterResult Impose(const KivOmbiObjectEnvironment& environment, bool holds) const;
+  KivOmbiFilterResult Impose(const KivOmbiObjectEnvironment& environment, bool holds);
 
   LinearSum sum_;
   LinearRelation relation_;
   Int128 constant_;
+  // sum = constant, of an order relation sum <= constant; and the opposite of that.
+  LinearSum::Limits limits_;
+  LinearSum::Limits opposite_;
   Reification reification_;
 };
 

@@ -5,6 +5,7 @@
 
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
+#include "solver/constraints/closed_sum.h"
 #include "solver/constraints/linear_congruence.h"
 
 namespace kiv {
@@ -64,7 +65,12 @@ struct Totals {
 
 // low <= sum, sum <= high
 template <class Wide>
-struct Limits {
+struct LimitsIn {
+  explicit LimitsIn(const LinearSum::Limits& limits) {
+    if (limits.low) low = static_cast<Wide>(*limits.low);
+    if (limits.high) high = static_cast<Wide>(*limits.high);
+  }
+
   std::optional<Wide> low;
   std::optional<Wide> high;
 
@@ -105,7 +111,7 @@ Hull HullWithin(Wide coefficient, const std::optional<Wide>& least,
 template <class Wide>
 KivOmbiFilterResult NarrowEach(const KivOmbiObjectEnvironment& environment,
                                std::span<const std::int64_t> coefficients,
-                               const Limits<Wide>& limits, Totals<Wide>& totals, bool& changed) {
+                               const LimitsIn<Wide>& limits, Totals<Wide>& totals, bool& changed) {
   KivOmbiFilterResult overflow = 0;
   Wide slack = limits.SlackOf(totals);
   for (unsigned i = 0; i < coefficients.size(); ++i) {
@@ -157,13 +163,31 @@ KivOmbiFilterResult LeapOverMisfits(const KivOmbiObjectEnvironment& environment,
                            {open[1], coefficients[open[1]]}, sum);
 }
 
+// For sums of any kind.
 template <class Wide>
-KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
-                           std::span<const std::int64_t> coefficients, const Limits<Wide>& limits) {
-  // Rounds after which bounds that crawl get help; almost all sums are at rest before.
-  constexpr unsigned kCrawling = 4;
-  constexpr unsigned kMostRounds = 256;
-  const bool is_equation = limits.low && limits.high && *limits.low == *limits.high;
+std::optional<bool> Meets(const KivOmbiObjectEnvironment& environment,
+                          std::span<const std::int64_t> coefficients,
+                          const LinearSum::Limits& wide_limits) {
+  const LimitsIn<Wide> limits(wide_limits);
+  const Totals<Wide> totals(environment, coefficients);
+  if (limits.AreMissedBy(totals)) return false;
+  return limits.HoldAll(totals) ? std::optional(true) : std::nullopt;
+}
+
+// Rounds after which bounds that crawl get help; almost all sums are at rest before.
+constexpr unsigned kCrawling = 4;
+constexpr unsigned kMostRounds = 256;
+
+bool IsEquation(const LinearSum::Limits& limits) {
+  return limits.low && limits.high && *limits.low == *limits.high;
+}
+
+// For sums of any kind.
+template <class Wide>
+KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+                           const LinearSum::Limits& wide_limits) {
+  const auto coefficients = sum.GetCoefficients();
+  const LimitsIn<Wide> limits(wide_limits);
   Totals<Wide> totals(environment, coefficients);
   if (limits.AreMissedBy(totals)) return kKivContradiction;
   for (unsigned round = 1; round <= kMostRounds; ++round) {
@@ -174,18 +198,38 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
       const bool holds = limits.HoldAll(totals);
       return result | kKivAtFixpoint | (holds ? kKivEntailed : 0);
     }
-    if (is_equation && round > kCrawling) {
-      if (const auto leap = LeapOverMisfits(environment, coefficients, *limits.low)) return leap;
+    if (IsEquation(wide_limits) && round > kCrawling) {
+      if (const auto leap = LeapOverMisfits(environment, coefficients, *wide_limits.low)) {
+        return leap;
+      }
       totals = Totals<Wide>(environment, coefficients);
     }
   }
   return 0;
 }
 
+KivOmbiFilterResult NarrowClosed(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+                                 const LinearSum::Limits& limits, ClosedSum& closed) {
+  if (closed.IsMissed()) return kKivContradiction;
+  for (unsigned round = 1; !closed.IsAtRest(); ++round) {
+    if (round > kMostRounds) return 0;
+    bool changed = false;
+    if (!closed.NarrowEach(changed)) return kKivContradiction;
+    if (!changed) break;
+    if (IsEquation(limits) && round > kCrawling) {
+      const auto coefficients = sum.GetCoefficients();
+      if (const auto leap = LeapOverMisfits(environment, coefficients, *limits.low)) return leap;
+      closed.Read();
+      if (closed.IsMissed()) return kKivContradiction;
+    }
+  }
+  return kKivAtFixpoint | (closed.Holds() ? kKivEntailed : 0);
+}
+
 }  // namespace
 
 LinearSum::LinearSum(std::vector<std::int64_t> coefficients)
-    : coefficients_(std::move(coefficients)), reach_(0) {
+    : coefficients_(std::move(coefficients)), terms_(coefficients_), reach_(0) {
   for (const std::int64_t coefficient : coefficients_) {
     const Int128 size = coefficient < 0 ? -static_cast<Int128>(coefficient) : coefficient;
     reach_ += size << 31;
@@ -208,27 +252,32 @@ Int128 LinearSum::ClampToReach(Int128 constant) const {
   return std::clamp<Int128>(constant, -reach_ - 1, reach_ + 1);
 }
 
-LinearSum::Range LinearSum::RangeOver(const KivOmbiObjectEnvironment& environment) const {
-  const auto range = [](const auto& totals) {
-    Range found;
-    if (totals.open_below == 0) found.lower = totals.lower;
-    if (totals.open_above == 0) found.upper = totals.upper;
-    return found;
-  };
-  return IsNarrow() ? range(Totals<std::int64_t>(environment, coefficients_))
-                    : range(Totals<Int128>(environment, coefficients_));
+LinearSum::Limits LinearSum::LimitsOf(std::optional<Int128> low, std::optional<Int128> high) const {
+  Limits limits{};
+  if (low) limits.low = ClampToReach(*low);
+  if (high) limits.high = ClampToReach(*high);
+  if (IsNarrow()) {
+    limits.narrow_low = static_cast<std::int64_t>(limits.low.value_or(-reach_ - 1));
+    limits.narrow_high = static_cast<std::int64_t>(limits.high.value_or(reach_ + 1));
+  }
+  return limits;
+}
+
+std::optional<bool> LinearSum::Meets(const KivOmbiObjectEnvironment& environment,
+                                     const Limits& limits) {
+  if (!IsNarrow()) return kiv::Meets<Int128>(environment, coefficients_, limits);
+  const ClosedSum closed(environment, terms_, limits.narrow_low, limits.narrow_high);
+  if (!closed.IsClosed()) return kiv::Meets<std::int64_t>(environment, coefficients_, limits);
+  if (closed.IsMissed()) return false;
+  return closed.Holds() ? std::optional(true) : std::nullopt;
 }
 
 KivOmbiFilterResult LinearSum::NarrowTo(const KivOmbiObjectEnvironment& environment,
-                                        std::optional<Int128> low,
-                                        std::optional<Int128> high) const {
-  if (low) low = ClampToReach(*low);
-  if (high) high = ClampToReach(*high);
-  if (!IsNarrow()) return Narrow<Int128>(environment, coefficients_, {low, high});
-  Limits<std::int64_t> limits;
-  if (low) limits.low = static_cast<std::int64_t>(*low);
-  if (high) limits.high = static_cast<std::int64_t>(*high);
-  return Narrow(environment, coefficients_, limits);
+                                        const Limits& limits) {
+  if (!IsNarrow()) return Narrow<Int128>(environment, *this, limits);
+  ClosedSum closed(environment, terms_, limits.narrow_low, limits.narrow_high);
+  if (closed.IsClosed()) return NarrowClosed(environment, *this, limits, closed);
+  return Narrow<std::int64_t>(environment, *this, limits);
 }
 
 }  // namespace kiv

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "framework/abstract_types/constraint.h"
+#include "solver/constraints/open_terms.h"
 #include "solver/constraints/wide_integer.h"
 
 namespace kiv {
@@ -28,27 +29,35 @@ class LinearSum {
   Int128 Of(std::span<const std::int64_t> values) const;
 
   // Whether all sums of products that can occur stay far within 64 bits.
-  bool IsNarrow() const noexcept { return reach_ < (Int128{1} << 61); }
+  bool IsNarrow() const noexcept { return reach_ < kNarrowReach; }
   // A number that stands in the same relations to all sums of 32-bit values as `constant` does, and
   // is not far beyond them.
   Int128 ClampToReach(Int128 constant) const;
 
-  // Between which numbers the sum lies; none when an argument leaves that side open.
-  struct Range {
-    std::optional<Int128> lower;
-    std::optional<Int128> upper;
+  // low <= sum <= high, made once so that runs need not; a limit that is absent is none.
+  struct Limits {
+    std::optional<Int128> low;
+    std::optional<Int128> high;
+    // The same where the sum is narrow: a limit that is absent is one that no sum misses.
+    std::int64_t narrow_low;
+    std::int64_t narrow_high;
   };
-  Range RangeOver(const KivOmbiObjectEnvironment& environment) const;
+  Limits LimitsOf(std::optional<Int128> low, std::optional<Int128> high) const;
 
-  // Narrows the bounds of the arguments to those with which low <= sum <= high can hold over the
-  // reals; a limit that is absent is none. An unknown argument that only few values are left for
-  // takes them, if its kind can. At most a set number of rounds over the arguments: a run that is
-  // still moving then gives way, without kKivAtFixpoint.
-  KivOmbiFilterResult NarrowTo(const KivOmbiObjectEnvironment& environment,
-                               std::optional<Int128> low, std::optional<Int128> high) const;
+  // Whether the bounds of the arguments tell that every choice meets the limits, or that none does.
+  std::optional<bool> Meets(const KivOmbiObjectEnvironment& environment, const Limits& limits);
+
+  // Narrows the bounds of the arguments to those with which the limits can be met over the reals.
+  // An unknown argument that only few values are left for takes them, if its kind can. At most a
+  // set number of rounds over the arguments: a run that is still moving then gives way, without
+  // kKivAtFixpoint.
+  KivOmbiFilterResult NarrowTo(const KivOmbiObjectEnvironment& environment, const Limits& limits);
 
  private:
+  static constexpr Int128 kNarrowReach = Int128{1} << 61;
+
   std::vector<std::int64_t> coefficients_;
+  OpenTerms terms_;
   Int128 reach_;  // no sum of 32-bit values is further from 0
 };
 

@@ -83,6 +83,16 @@ KivOmbiFilterResult FixTo(const KivOmbiObjectEnvironment& environment, unsigned 
   return KeepValues(environment, i, one);
 }
 
+KivOmbiFilterResult Exclude(const KivOmbiObjectEnvironment& environment, unsigned i,
+                            std::int64_t value) {
+  const KivOmbiDomainSummary before = environment.Summary(i);
+  if (!IsValue(value) || value < before.lower || value > before.upper) return kKivEntailed;
+  const auto excluded = static_cast<std::int32_t>(value);
+  if (const auto result = RemoveValue(environment, i, excluded)) return result;
+  const bool is_lost = environment.Summary(i) != before || !environment.Integer(i).MayBe(excluded);
+  return is_lost ? kKivEntailed : kKivAtFixpoint;
+}
+
 KivOmbiFilterResult RemoveValues(const KivOmbiObjectEnvironment& environment, unsigned i,
                                  ValueSet set) {
   ValueSet near = Between(set, environment.Summary(i));

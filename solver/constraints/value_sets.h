@@ -36,6 +36,10 @@ KivOmbiFilterResult KeepRange(const KivOmbiObjectEnvironment& environment, unsig
 // Leaves argument i only `value`, even where nothing was known of it.
 KivOmbiFilterResult FixTo(const KivOmbiObjectEnvironment& environment, unsigned i,
                           std::int32_t value);
+// Argument i <> value, as far as its kind can lose it; kKivEntailed when that can no longer fail,
+// else kKivAtFixpoint.
+KivOmbiFilterResult Exclude(const KivOmbiObjectEnvironment& environment, unsigned i,
+                            std::int64_t value);
 // Removes the values of `set` from argument i, as far as its kind can lose them.
 KivOmbiFilterResult RemoveValues(const KivOmbiObjectEnvironment& environment, unsigned i,
                                  ValueSet set);
