@@ -17,7 +17,8 @@ BitWord BitsBetween(std::int64_t first, std::int64_t last) {
 void TakeListed(std::span<const SubIntBase> values, std::int64_t base, std::span<BitWord> bits) {
   auto value = values.begin();
   if (value->GetValue() < base) {
-    value = std::ranges::lower_bound(values, base, {}, &SubIntBase::GetValue);
+    value = std::partition_point(value, values.end(),
+                                 [&](SubIntBase below) { return below.GetValue() < base; });
   }
   std::int64_t end = base;
   for (BitWord& word : bits) {
