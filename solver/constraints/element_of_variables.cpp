@@ -40,9 +40,19 @@ bool ElementOfVariables::FindElement(const KivOmbiObjectEnvironment& environment
   return false;
 }
 
+void ElementOfVariables::Activate(KivOmbiNetwork* network) {
+  std::ranges::fill(changed_, ~BitWord{0});
+  KivOmbiConstraint::Activate(network);
+}
+
 void ElementOfVariables::ActivateByArgument(unsigned index, std::int64_t events,
                                             KivOmbiNetwork* network) {
-  if (index >= kElements && !open_.empty() && !HasBit(open_, index - kElements)) return;
+  if (index == kZ) std::ranges::fill(changed_, ~BitWord{0});
+  if (index >= kElements && !open_.empty()) {
+    const unsigned place = index - kElements;
+    if (!HasBit(open_, place)) return;
+    changed_[place / kBitsPerWord] |= BitOf(place);
+  }
   KivOmbiConstraint::ActivateByArgument(index, events, network);
 }
 
@@ -50,7 +60,7 @@ void ElementOfVariables::ActivateByArgument(unsigned index, std::int64_t events,
 void ElementOfVariables::Prepare(const KivOmbiObjectEnvironment& environment) {
   const unsigned elements = environment.Count() - kElements;
   open_.assign(CountWords(elements), ~BitWord{0});
-  indices_.resize(open_.size());
+  changed_ = indices_ = open_;
   repeats_ = environment.IsSame(kX, kZ);
   for (unsigned i = kElements; i < environment.Count(); ++i) {
     repeats_ |= environment.IsSame(i, kX) || environment.IsSame(i, kZ);
@@ -94,10 +104,13 @@ KivOmbiFilterResult ElementOfVariables::EquateChosen(const KivOmbiObjectEnvironm
 }
 
 // An index stays while its element and z have a value in common, and so does a value of z that is
-// in common at some index.
+// in common at some index. The one value of a fixed z is lost with the last index only, so that
+// there only changed elements are of interest, once all were looked at.
 KivOmbiFilterResult ElementOfVariables::NarrowByBits(const KivOmbiObjectEnvironment& environment) {
   const std::int64_t base = environment.Summary(kZ).lower;
   const std::size_t words = CountWords(environment.Summary(kZ).upper - base + 1);
+  const bool z_is_fixed = environment.Summary(kZ).IsFixed();
+  const bool only_changed = z_is_fixed && !repeats_ && looked_at_all_ != 0;
   wanted_.resize(words);
   element_.resize(words);
   found_.assign(words, 0);
@@ -105,20 +118,26 @@ KivOmbiFilterResult ElementOfVariables::NarrowByBits(const KivOmbiObjectEnvironm
   TakeBits(environment, kX, first_, indices_);
   lost_.clear();
   ForEachBit(indices_, [&](std::size_t index) {
-    TakeBits(environment, static_cast<unsigned>(kElements + index), base, element_);
-    BitWord common = 0;
-    for (std::size_t w = 0; w < words; ++w) {
-      common |= element_[w] & wanted_[w];
-      found_[w] |= element_[w];
+    if (HasBit(open_, index)) {
+      if (only_changed && !HasBit(changed_, index)) return;
+      TakeBits(environment, static_cast<unsigned>(kElements + index), base, element_);
+      for (std::size_t w = 0; w < words; ++w) found_[w] |= element_[w];
+      if (Meet(element_, wanted_)) return;
     }
-    if (common != 0) return;
     indices_[index / kBitsPerWord] &= ~BitOf(index);
     lost_.push_back(static_cast<std::int32_t>(first_ + static_cast<std::int64_t>(index)));
   });
   if (const auto result = RemoveValues(environment, kX, lost_)) return result;
+  std::ranges::fill(changed_, 0);
+  environment.SetWord(looked_at_all_, 1);
+  return z_is_fixed ? 0 : RemoveUnfound(environment, base);
+}
 
+// Removes the values of z that no element was found to have.
+KivOmbiFilterResult ElementOfVariables::RemoveUnfound(const KivOmbiObjectEnvironment& environment,
+                                                      std::int64_t base) {
   lost_.clear();
-  for (std::size_t w = 0; w < words; ++w) {
+  for (std::size_t w = 0; w < wanted_.size(); ++w) {
     ForEachBit(wanted_[w] & ~found_[w], w * kBitsPerWord, [&](std::size_t place) {
       lost_.push_back(static_cast<std::int32_t>(base + static_cast<std::int64_t>(place)));
     });

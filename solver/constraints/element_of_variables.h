@@ -18,6 +18,7 @@ class KIV_EXPORT ElementOfVariables final : public KivOmbiConstraint {
   // The last index must be a value of a variable too.
   explicit ElementOfVariables(std::int32_t first = 0);
 
+  void Activate(KivOmbiNetwork* network) override;
   void ActivateByArgument(unsigned index, std::int64_t events, KivOmbiNetwork* network) override;
   // Linear in the indices left, and at worst in their number times that of the values of z.
   std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
@@ -30,6 +31,7 @@ class KIV_EXPORT ElementOfVariables final : public KivOmbiConstraint {
   void CloseIndices(const KivOmbiObjectEnvironment& environment);
   KivOmbiFilterResult EquateChosen(const KivOmbiObjectEnvironment& environment);
   KivOmbiFilterResult NarrowByBits(const KivOmbiObjectEnvironment& environment);
+  KivOmbiFilterResult RemoveUnfound(const KivOmbiObjectEnvironment& environment, std::int64_t base);
 
   // Where the values of z do not fit a window of bits.
   KivOmbiFilterResult NarrowByBounds(const KivOmbiObjectEnvironment& environment);
@@ -45,6 +47,10 @@ class KIV_EXPORT ElementOfVariables final : public KivOmbiConstraint {
   bool repeats_ = false;  // x or z stands in two places
   // By position: the indices that the last run left, which go back with the levels.
   BitWords open_;
+  // Whether a run by bits looked at all elements; goes back with the levels. And those that may
+  // have changed since the last such run, all after a change of z.
+  std::uint64_t looked_at_all_ = 0;
+  BitWords changed_;
 
   // Of a run: indices, and values in the window of those of z.
   BitWords indices_;  // that are left
