@@ -15,19 +15,17 @@ BitWord BitsBetween(std::int64_t first, std::int64_t last) {
 }
 
 void TakeListed(std::span<const SubIntBase> values, std::int64_t base, std::span<BitWord> bits) {
-  auto value = values.begin();
-  if (value->GetValue() < base) {
-    value = std::partition_point(value, values.end(),
-                                 [&](SubIntBase below) { return below.GetValue() < base; });
-  }
-  std::int64_t end = base;
+  const auto end_below = [&](std::int64_t limit) {
+    return std::ranges::partition_point(values,
+                                        [&](SubIntBase value) { return value.GetValue() < limit; });
+  };
+  auto value = values.front().GetValue() < base ? end_below(base) : values.begin();
   for (BitWord& word : bits) {
-    const std::int64_t start = end;
-    end += kBitsPerWord;
+    const std::int64_t start = base;
+    base += kBitsPerWord;
+    const auto end = values.back().GetValue() < base ? values.end() : end_below(base);
     BitWord found = 0;
-    for (; value != values.end() && value->GetValue() < end; ++value) {
-      found |= BitWord{1} << (value->GetValue() - start);
-    }
+    for (; value != end; ++value) found |= BitWord{1} << (value->GetValue() - start);
     word = found;
   }
 }
