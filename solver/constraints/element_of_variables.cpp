@@ -4,6 +4,7 @@
 
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/supports.h"
+#include "solver/constraints/value_sets.h"
 #include "solver/constraints/values.h"
 
 namespace kiv {
@@ -39,19 +40,120 @@ bool ElementOfVariables::FindElement(const KivOmbiObjectEnvironment& environment
   return false;
 }
 
+void ElementOfVariables::Activate(KivOmbiNetwork* network) {
+  std::ranges::fill(changed_, ~BitWord{0});
+  KivOmbiConstraint::Activate(network);
+}
+
+void ElementOfVariables::ActivateByArgument(unsigned index, std::int64_t events,
+                                            KivOmbiNetwork* network) {
+  if (index == kZ) std::ranges::fill(changed_, ~BitWord{0});
+  if (index >= kElements && !open_.empty()) {
+    const unsigned place = index - kElements;
+    if (!HasBit(open_, place)) return;
+    changed_[place / kBitsPerWord] |= BitOf(place);
+  }
+  KivOmbiConstraint::ActivateByArgument(index, events, network);
+}
+
+// Before the first run no index is ruled out.
+void ElementOfVariables::Prepare(const KivOmbiObjectEnvironment& environment) {
+  const unsigned elements = environment.Count() - kElements;
+  open_.assign(CountWords(elements), ~BitWord{0});
+  changed_ = indices_ = open_;
+  repeats_ = environment.IsSame(kX, kZ);
+  for (unsigned i = kElements; i < environment.Count(); ++i) {
+    repeats_ |= environment.IsSame(i, kX) || environment.IsSame(i, kZ);
+  }
+}
+
 std::int64_t ElementOfVariables::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   if (environment.Count() == kElements) return Empty(environment, kX);
-  const auto narrowed =
-      KeepIfBetween(environment, kX, first_, Last(environment, first_), [&](std::int32_t index) {
-        return LeastCommon(environment, ElementAt(index), kZ).has_value();
-      });
-  if (narrowed != 0) return narrowed;
-  if (!environment.Summary(kX).IsFixed()) return NarrowValue(environment);
+  if (open_.empty()) Prepare(environment);
+  if (const auto result = TightenLower(environment, kX, first_)) return result;
+  if (const auto result = TightenUpper(environment, kX, Last(environment, first_))) return result;
+  if (environment.Summary(kX).IsFixed()) return EquateChosen(environment);
+  const bool by_bits = FitsBits(environment);
+  if (const auto result = by_bits ? NarrowByBits(environment) : NarrowByBounds(environment)) {
+    return result;
+  }
+  if (environment.Summary(kX).IsFixed()) return EquateChosen(environment);
+  CloseIndices(environment);
+  return by_bits && !repeats_ ? kKivAtFixpoint : 0;
+}
 
+bool ElementOfVariables::FitsBits(const KivOmbiObjectEnvironment& environment) {
+  const KivOmbiDomainSummary& x = environment.Summary(kX);
+  const KivOmbiDomainSummary& z = environment.Summary(kZ);
+  return !x.IsAny() && IsListable(z) && std::int64_t{z.upper} - z.lower < kWidestBitWindow;
+}
+
+// From now on elements at other indices than indices_ are of no interest: they stay without support
+// even where the kind of x keeps them.
+void ElementOfVariables::CloseIndices(const KivOmbiObjectEnvironment& environment) {
+  for (std::size_t w = 0; w < open_.size(); ++w) environment.SetWord(open_[w], indices_[w]);
+}
+
+KivOmbiFilterResult ElementOfVariables::EquateChosen(const KivOmbiObjectEnvironment& environment) {
+  TakeBits(environment, kX, first_, indices_);
+  CloseIndices(environment);
   const unsigned element = ElementAt(environment.Summary(kX).lower);
   if (const auto result = Equate(environment, element, kZ)) return result;
   const bool fixed = environment.Summary(kZ).IsFixed() && environment.Summary(element).IsFixed();
   return fixed || environment.IsSame(element, kZ) ? kKivEntailed : 0;
+}
+
+// An index stays while its element and z have a value in common, and so does a value of z that is
+// in common at some index. The one value of a fixed z is lost with the last index only, so that
+// there only changed elements are of interest, once all were looked at.
+KivOmbiFilterResult ElementOfVariables::NarrowByBits(const KivOmbiObjectEnvironment& environment) {
+  const std::int64_t base = environment.Summary(kZ).lower;
+  const std::size_t words = CountWords(environment.Summary(kZ).upper - base + 1);
+  const bool z_is_fixed = environment.Summary(kZ).IsFixed();
+  const bool only_changed = z_is_fixed && !repeats_ && looked_at_all_ != 0;
+  wanted_.resize(words);
+  element_.resize(words);
+  found_.assign(words, 0);
+  TakeBits(environment, kZ, base, wanted_);
+  TakeBits(environment, kX, first_, indices_);
+  lost_.clear();
+  ForEachBit(indices_, [&](std::size_t index) {
+    if (HasBit(open_, index)) {
+      if (only_changed && !HasBit(changed_, index)) return;
+      TakeBits(environment, static_cast<unsigned>(kElements + index), base, element_);
+      for (std::size_t w = 0; w < words; ++w) found_[w] |= element_[w];
+      if (Meet(element_, wanted_)) return;
+    }
+    indices_[index / kBitsPerWord] &= ~BitOf(index);
+    lost_.push_back(static_cast<std::int32_t>(first_ + static_cast<std::int64_t>(index)));
+  });
+  if (const auto result = RemoveValues(environment, kX, lost_)) return result;
+  std::ranges::fill(changed_, 0);
+  environment.SetWord(looked_at_all_, 1);
+  return z_is_fixed ? 0 : RemoveUnfound(environment, base);
+}
+
+// Removes the values of z that no element was found to have.
+KivOmbiFilterResult ElementOfVariables::RemoveUnfound(const KivOmbiObjectEnvironment& environment,
+                                                      std::int64_t base) {
+  lost_.clear();
+  for (std::size_t w = 0; w < wanted_.size(); ++w) {
+    ForEachBit(wanted_[w] & ~found_[w], w * kBitsPerWord, [&](std::size_t place) {
+      lost_.push_back(static_cast<std::int32_t>(base + static_cast<std::int64_t>(place)));
+    });
+  }
+  return RemoveValues(environment, kZ, lost_);
+}
+
+KivOmbiFilterResult ElementOfVariables::NarrowByBounds(
+    const KivOmbiObjectEnvironment& environment) {
+  const auto narrowed =
+      KeepIfBetween(environment, kX, first_, Last(environment, first_), [&](std::int32_t index) {
+        return LeastCommon(environment, ElementAt(index), kZ).has_value();
+      });
+  if (narrowed != 0 || environment.Summary(kX).IsFixed()) return narrowed;
+  TakeBits(environment, kX, first_, indices_);
+  return NarrowValue(environment);
 }
 
 KivOmbiFilterResult ElementOfVariables::NarrowValue(

@@ -1,9 +1,11 @@
 #include "solver/flatzinc/posting.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "solver/constraints/clause.h"
 #include "solver/constraints/reified.h"
+#include "solver/flatzinc/annotations.h"
 #include "solver/flatzinc/error.h"
 #include "solver/language/declared_domain.h"
 
@@ -18,6 +20,13 @@ Reification ReificationOf(TruthForm form) {
 }
 
 }  // namespace
+
+bool Posting::HasAnnotation(std::string_view name) const {
+  const Model& model = builder_.GetModel();
+  return std::ranges::any_of(model.GetAnnotations(constraint_), [&](Expression annotation) {
+    return NameOfAnnotation(model, annotation) == name;
+  });
+}
 
 bool Posting::IsConstant(Expression value) { return value.Is(Kind::kBool) || value.Is(Kind::kInt); }
 

@@ -38,6 +38,9 @@ class KIV_EXPORT Posting {
     return builder_.GetModel().GetArguments(constraint_)[i];
   }
 
+  // Whether the constraint carries an annotation of this name.
+  bool HasAnnotation(std::string_view name) const;
+
   // Whether a boolean or integer argument, or an element of an array, is written as a constant.
   static bool IsConstant(Expression value);
   bool IsConstant(std::size_t i) const { return IsConstant(GetArgument(i)); }

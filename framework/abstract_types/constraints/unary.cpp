@@ -120,8 +120,11 @@ KivOmbiAbsoluteConstraint::~KivOmbiAbsoluteConstraint() = default;
 
 std::int64_t KivOmbiAbsoluteConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                std::int64_t) {
-  const auto result = NarrowAbsolute(environment, GetCarrier());
-  return result != 0 ? result : Settle(environment);
+  const bool by_values = kiv::AbsoluteValues::Suit(environment, kA, kZ);
+  const auto result =
+      by_values ? values_.Narrow(environment, kA, kZ) : NarrowAbsolute(environment, GetCarrier());
+  if (result != 0) return result;
+  return by_values ? Settle(environment) | kKivAtFixpoint : Settle(environment);
 }
 
 KivOmbiConstraint::Cost KivOmbiAbsoluteConstraint::GetCost() const { return kBinary; }

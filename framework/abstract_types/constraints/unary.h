@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/abstract_types/constraints/absolute_values.h"
 #include "framework/abstract_types/constraints/operator_constraint.h"
 
 // The constraints of one operand.
@@ -26,6 +27,9 @@ class KIV_EXPORT KivOmbiAbsoluteConstraint final : public KivOmbiOperatorConstra
   std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
   Cost GetCost() const override;
   bool Holds(std::span<const std::int64_t> values) const override;
+
+ private:
+  kiv::AbsoluteValues values_;
 };
 
 // Arguments a, z: z = a + 1.

@@ -5,8 +5,16 @@
 namespace kiv::flatzinc {
 namespace {
 
+// As it is annotated, or else as suits it.
+AllDifferentStrength StrengthOf(const Posting& posting) {
+  if (posting.HasAnnotation("domain")) return AllDifferentStrength::kDomain;
+  if (posting.HasAnnotation("bounds")) return AllDifferentStrength::kBounds;
+  if (posting.HasAnnotation("value_propagation")) return AllDifferentStrength::kValues;
+  return AllDifferentStrength::kAutomatic;
+}
+
 void PostAllDifferentValues(const Posting& posting) {
-  PostAllDifferent(posting.GetNetwork(), posting.GetVariables(0));
+  PostAllDifferent(posting.GetNetwork(), posting.GetVariables(0), StrengthOf(posting));
 }
 
 // number, variables

@@ -7,7 +7,6 @@
 
 #include "solver/constraints/all_different.h"
 #include "solver/constraints/all_different_bounds.h"
-#include "solver/constraints/all_different_domain.h"
 #include "solver/constraints/post_all_different.h"
 #include "tests/solver/constraints/random_case.h"
 #include "tests/support/modules.h"
@@ -44,7 +43,7 @@ const Strategy kStrategies[] = {
      }},
     {"Domain", Strength::kDomain,
      [](KivOmbNetwork& network, std::span<const VariableId> variables, const TermOffsets& offsets) {
-       network.Emplace<AllDifferentDomain>(variables, offsets);
+       PostAllDifferent(network, variables, AllDifferentStrength::kDomain, offsets);
      }},
     {"ValuesAndBounds", Strength::kHull,
      [](KivOmbNetwork& network, std::span<const VariableId> variables, const TermOffsets& offsets) {

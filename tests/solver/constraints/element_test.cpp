@@ -129,7 +129,9 @@ ConstraintCase VariablesCase(RandomCase& random_case, std::int32_t first) {
 TEST(ElementOfVariables, StandsUnderBruteForce) {
   CheckRandomCases(3000, [](Generator& random) {
     const Values ends{-2147483646, -2147483645, 0, 2147483645, 2147483646};
-    const Values pool = OneIn(random, 6) ? ends : Range(-4, 5);
+    // Values that fill words of bits, and such that lie too far apart for them.
+    const Values words{-70, -64, -63, -1, 0, 1, 2, 63, 64, 65, 127, 128, 900, 960};
+    const Values pool = OneIn(random, 6) ? ends : OneIn(random, 4) ? words : Range(-4, 5);
     const int elements = Pick(random, 0, 4);
     const int first = Pick(random, -2, 2);
     RandomCase random_case(random);
@@ -158,6 +160,30 @@ TEST(ElementOfVariables, AnUnknownElementTakesTheUnionOfThoseThatMayBeMeant) {
   network.Emplace<ElementOfVariables>(arguments, 1);
   ASSERT_EQ(network.Propagate(), Outcome::kFixpoint);
   EXPECT_EQ(Text(network, 1), "{ 1, 5, 6, 7 }");
+}
+
+TEST(ElementOfVariables, SleepsWhileOnlyElementsAtOtherIndicesChange) {
+  KivOmbNetwork network;
+  const auto x = Declare(network, {Kind("enum int"), {0, 1}});
+  const auto z = Declare(network, {Kind("enum int"), Range(0, 9)});
+  std::vector<VariableId> arguments{x, z};
+  for (int i = 0; i < 3; ++i) {
+    arguments.push_back(Declare(network, {Kind("enum int"), Range(0, 9)}));
+  }
+  network.Emplace<ElementOfVariables>(arguments, 0);
+  network.Propagate();
+  const auto runs_after = [&](VariableId variable, const Values& values) {
+    const auto runs = network.GetStatistics().runs;
+    Restrict(network, variable, values);
+    EXPECT_EQ(network.Propagate(), Outcome::kFixpoint);
+    return network.GetStatistics().runs - runs;
+  };
+  EXPECT_EQ(runs_after(arguments[4], Range(3, 8)), 0u);
+  network.PushLevel();
+  EXPECT_GT(runs_after(x, {0}), 0u);
+  EXPECT_EQ(runs_after(arguments[3], Range(2, 8)), 0u);
+  network.PopLevel();
+  EXPECT_GT(runs_after(arguments[3], Range(2, 8)), 0u);
 }
 
 TEST(ElementOfVariables, WideIntervalsMeetByTheirBounds) {

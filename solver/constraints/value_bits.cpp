@@ -1,0 +1,65 @@
+#include "solver/constraints/value_bits.h"
+
+#include <algorithm>
+
+namespace kiv {
+
+namespace {
+
+// The bits of one word from place `first` to place `last`; both may lie beyond its ends.
+BitWord BitsBetween(std::int64_t first, std::int64_t last) {
+  constexpr std::int64_t kEnd = kBitsPerWord - 1;
+  if (first > kEnd || last < 0) return 0;
+  const BitWord from = ~BitWord{0} << std::max<std::int64_t>(first, 0);
+  return from & (~BitWord{0} >> (kEnd - std::min(last, kEnd)));
+}
+
+void TakeListed(std::span<const SubIntBase> values, std::int64_t base, std::span<BitWord> bits) {
+  const auto end_below = [&](std::int64_t limit) {
+    return std::ranges::partition_point(values,
+                                        [&](SubIntBase value) { return value.GetValue() < limit; });
+  };
+  auto value = values.front().GetValue() < base ? end_below(base) : values.begin();
+  for (BitWord& word : bits) {
+    const std::int64_t start = base;
+    base += kBitsPerWord;
+    const auto end = values.back().GetValue() < base ? values.end() : end_below(base);
+    BitWord found = 0;
+    for (; value != end; ++value) found |= BitWord{1} << (value->GetValue() - start);
+    word = found;
+  }
+}
+
+void TakeRange(std::int64_t lower, std::int64_t upper, std::span<BitWord> bits) {
+  for (BitWord& word : bits) {
+    word = BitsBetween(lower, upper);
+    lower -= kBitsPerWord;
+    upper -= kBitsPerWord;
+  }
+}
+
+// A kind with holes that lists no values is asked for each of them.
+void RemoveHoles(const KivOmbiInteger& domain, std::int64_t base, std::span<BitWord> bits) {
+  for (std::size_t w = 0; w < bits.size(); ++w) {
+    ForEachBit(bits[w], w * kBitsPerWord, [&](std::size_t place) {
+      const auto value = static_cast<std::int32_t>(base + static_cast<std::int64_t>(place));
+      if (!domain.MayBe(value)) bits[w] &= ~BitOf(place);
+    });
+  }
+}
+
+}  // namespace
+
+void TakeBits(const KivOmbiObjectEnvironment& environment, unsigned i, std::int64_t base,
+              std::span<BitWord> bits) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  const std::int64_t lower = summary.lower - base;
+  const std::int64_t upper = summary.upper - base;
+  if (upper - lower + 1 == summary.cardinality) return TakeRange(lower, upper, bits);
+  const std::span<const SubIntBase> values = environment.Values(i);
+  if (!values.empty()) return TakeListed(values, base, bits);
+  TakeRange(lower, upper, bits);
+  if (environment.Kind(i)->HoldsGaps()) RemoveHoles(environment.Integer(i), base, bits);
+}
+
+}  // namespace kiv
