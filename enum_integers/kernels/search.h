@@ -49,6 +49,12 @@ inline unsigned CountUpTo(Values values, std::int32_t v) {
   return static_cast<unsigned>(last - values.data()) + (*last <= v ? 1u : 0u);
 }
 
+// Those from `lowest` to `highest`, which is no less.
+inline Values PartBetween(Values values, std::int32_t lowest, std::int32_t highest) {
+  const unsigned first = CountBelow(values, lowest);
+  return values.subspan(first, CountUpTo(values, highest) - first);
+}
+
 inline bool Contains(Values values, std::int32_t v) {
   return !values.empty() && *LastOf(values, [v](std::int32_t w) { return w <= v; }) == v;
 }

@@ -68,6 +68,24 @@ TEST(Intersect, WithAnInfinityThatStandsTwiceIsNotWithAnInterval) {
   EXPECT_EQ(domain.GetFirstL(), kMax);
 }
 
+TEST(Intersect, OfAnIntervalWithAnInfinityThatStandsTwiceKeepsItOnce) {
+  KivOmbEnumInteger domain = Set({kMax - 1, kMax});
+  EXPECT_EQ(domain.Intersect(WithInfinityTwice()), 1);
+  EXPECT_EQ(domain.Count(), 1u);
+  domain = Set({kMax - 2, kMax - 1, kMax});
+  EXPECT_EQ(domain.Intersect(WithInfinityTwice()), 1);
+  EXPECT_EQ(domain.Count(), 2u);
+}
+
+TEST(Unite, KeepsAnInfinityThatStandsTwice) {
+  KivOmbEnumInteger domain = Set({kMax - 1, kMax});
+  domain.Unite(WithInfinityTwice());
+  EXPECT_EQ(domain.Count(), 4u);
+  domain = WithInfinityTwice();
+  domain.Unite(Set({kMax - 1, kMax}));
+  EXPECT_EQ(domain.Count(), 4u);
+}
+
 TEST(Contains, SeesNoIntervalInAnInfinityThatStandsTwice) {
   const KivOmbEnumInteger twins = WithInfinityTwice();
   EXPECT_EQ(twins.Contains(kMax - 2), 1);
