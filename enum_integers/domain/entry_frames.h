@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <typeinfo>
 
 #include "enum_integers/domain/enum_integer.h"
 
@@ -30,12 +31,28 @@ class EnumeratedOperand {
   const KivOmbEnumInteger* domain_;
 };
 
-// target op x. `core(x)` narrows the target.
+// An operand of the enumerated kind that holds values, else null. With such a target and such
+// operands there is nothing to convert and nothing to answer for: the core is called at once.
+inline const KivOmbEnumInteger* AsListed(const KivOmbiAny& x) {
+  if (&typeid(x) != &typeid(KivOmbEnumInteger)) return nullptr;
+  const auto& domain = static_cast<const KivOmbEnumInteger&>(x);
+  return domain.Count() > 0 ? &domain : nullptr;
+}
+
 template <class Core>
-int ForwardEntry(KivOmbEnumInteger& target, const KivOmbiAny& x, Core core) {
+[[gnu::noinline]] int ConvertingForwardEntry(KivOmbEnumInteger& target, const KivOmbiAny& x,
+                                             Core core) {
   if (target.CheckNil()) return 0;
   const EnumeratedOperand operand(x);
   return operand->CheckNil() ? target.Nil() : core(*operand);
+}
+
+// target op x. `core(x)` narrows the target.
+template <class Core>
+int ForwardEntry(KivOmbEnumInteger& target, const KivOmbiAny& x, Core core) {
+  const KivOmbEnumInteger* const listed = AsListed(x);
+  if (target.Count() > 0 && listed != nullptr) return core(*listed);
+  return ConvertingForwardEntry(target, x, core);
 }
 
 // target = a op b. `core(a, b)` narrows the target. The operands may be the target itself: a core

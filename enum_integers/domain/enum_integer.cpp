@@ -47,8 +47,9 @@ KivOmbEnumInteger::KivOmbEnumInteger(const KivOmbEnumInteger& other)
       values(other.values),
       anyFlag(values.Count() == other.Count() ? other.anyFlag : 0) {}
 
-KivOmbEnumInteger& KivOmbEnumInteger::operator=(const KivOmbEnumInteger& other) {
-  Become(other.View(), other.anyFlag, other.GetDelta());
+// The assignment to a variable's domain, or to one that has not the room.
+KivOmbEnumInteger& KivOmbEnumInteger::AssignAnew(const KivOmbEnumInteger& other) {
+  if (this != &other) Become(other.View(), other.anyFlag, other.GetDelta());
   return *this;
 }
 
@@ -120,11 +121,9 @@ std::int32_t KivOmbEnumInteger::GetPrevExactValue(std::int32_t v) const {
   return i == 0 ? Wrapped(v, ~0u) : GetValue(i - 1);
 }
 
-// How many values are at most `v`; of two infinities behind each other, those up to the one that
-// the search of the storage meets.
-unsigned KivOmbEnumInteger::CountUpTo(SubIntBase v) const {
-  const unsigned below = CountBelow(v);
-  if (below == Count() || values[below] != v) return below;
-  const bool is_alone = below + 1 == Count() || values[below + 1] != v;
-  return is_alone ? below + 1 : values.FindLowerBound(v, 0) + 1;
+// All values; of two infinities behind each other, those up to the one that the search of the
+// storage meets.
+unsigned KivOmbEnumInteger::CountUpToInfinity() const {
+  const bool has_twins = Count() > 0 && kiv::kernels::EndsWithTwins(View());
+  return has_twins ? values.FindLowerBound(SubIntBase::kMax, 0) + 1 : Count();
 }

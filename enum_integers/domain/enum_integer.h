@@ -43,7 +43,13 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   // For a stream to fill.
   explicit KivOmbEnumInteger(KivStreamableInit init);
   KivOmbEnumInteger(const KivOmbEnumInteger& other);
-  KivOmbEnumInteger& operator=(const KivOmbEnumInteger& other);
+  KivOmbEnumInteger& operator=(const KivOmbEnumInteger& other) {
+    if (HasOwner() || this == &other || !values.CopyIntoRoom(other.values)) {
+      return AssignAnew(other);
+    }
+    anyFlag = other.anyFlag;
+    return *this;
+  }
   // Nil for Nil, but Any for a value and the stored value for Any: the reverse of the constructor.
   KivOmbEnumInteger& operator=(const KivOmbSingleInteger& single);
   ~KivOmbEnumInteger() override;
@@ -55,8 +61,12 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   // A new descriptor, which becomes sDescriptor; null when there is no memory.
   static const Descriptor* MakeDescriptor();
   static KivOmbEnumInteger* DynamicCast(std::nullptr_t) { return nullptr; }
-  static KivOmbEnumInteger* DynamicCast(KivOmbiBase* object);
-  static const KivOmbEnumInteger* DynamicCast(const KivOmbiBase* object);
+  static KivOmbEnumInteger* DynamicCast(KivOmbiBase* object) {
+    return KivCast<KivOmbEnumInteger>(object);
+  }
+  static const KivOmbEnumInteger* DynamicCast(const KivOmbiBase* object) {
+    return KivCast<KivOmbEnumInteger>(object);
+  }
   // Without a test.
   static KivOmbEnumInteger* StaticCast(KivOmbiBase* object);
   static const KivOmbEnumInteger* StaticCast(const KivOmbiBase* object);
@@ -99,7 +109,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   int CheckErrorStatus();
 
   // Queries. The number of values; 0 for Any and Nil.
-  unsigned Count() const { return values.Count(); }
+  unsigned Count() const { return static_cast<unsigned>(values.View().size()); }
   // The growth step of the storage.
   unsigned GetDelta() const { return values.GetDelta(); }
   // Value `i`, which is not checked.
@@ -306,6 +316,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   // Whether what goes is less to save than what is there: for the domain of a variable that has
   // more than a few values.
   bool LosesFew() const { return HasOwner() && Count() > kFewValues; }
+  KivOmbEnumInteger& AssignAnew(const KivOmbEnumInteger& other);
   void BecomeEmpty(int flag);
   void Become(kiv::kernels::Values new_values, int flag, unsigned delta);
   void BecomeRange(std::int32_t lower, std::int32_t upper);
@@ -326,7 +337,12 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   int NarrowToCollection(const Collection& collection);
   kiv::kernels::Values View() const { return kiv::kernels::ValuesOf(values); }
   unsigned CountBelow(SubIntBase v) const { return kiv::kernels::CountBelow(View(), v.GetValue()); }
-  unsigned CountUpTo(SubIntBase v) const;
+  // How many values are at most `v`.
+  unsigned CountUpTo(SubIntBase v) const {
+    return v.GetValue() == SubIntBase::kMax ? CountUpToInfinity()
+                                            : kiv::kernels::CountUpTo(View(), v.GetValue());
+  }
+  unsigned CountUpToInfinity() const;
 
   KivSVectorImp_SubIntBase values;  // ascending; plus infinity alone may stand twice
   int anyFlag;                      // without values: 1 is Any, 0 is Nil

@@ -30,11 +30,15 @@ int KivOmbEnumInteger::IntersectWithImage(Values image, const KivOmbEnumInteger&
   return 1;
 }
 
-// With the values of `others`, at least one, for a domain that holds values.
+// With the values of `others`, at least one, for a domain that holds values. With an interval on
+// either side the result is a part of the other.
 int KivOmbEnumInteger::IntersectWith(Values others) {
   const Values mine = View();
   if (kiv::kernels::IsInterval(others) && !kiv::kernels::EndsWithTwins(mine)) {
     return KeepBetween(others.front(), others.back());
+  }
+  if (kiv::kernels::IsInterval(mine) && !kiv::kernels::EndsWithTwins(others)) {
+    return NarrowTo(kiv::kernels::PartBetween(others, mine.front(), mine.back()));
   }
   Scratch common(mine.size() + kiv::kernels::kSlack);
   if (common.Get() == nullptr) return Nil();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "enum_integers/kernels/path.h"
+#include "enum_integers/kernels/search.h"
 #include "enum_integers/kernels/word_set.h"
 
 namespace kiv::kernels {
@@ -75,6 +76,21 @@ unsigned UnitePending(MergePosition at, std::span<std::int32_t> pending, Values 
          UniteFrom({0, 0, 0}, Values(joined, count), a.size() < b.size() ? b : a, out + at.count);
 }
 
+// The interval, and what of the other set is below and above it.
+unsigned UniteWithInterval(Values interval, Values others, std::int32_t* out) {
+  const unsigned below = CountBelow(others, interval.front());
+  const unsigned up_to = CountUpTo(others, interval.back());
+  std::int32_t* end = std::copy_n(others.begin(), below, out);
+  end = std::copy(interval.begin(), interval.end(), end);
+  end = std::copy(others.begin() + up_to, others.end(), end);
+  return static_cast<unsigned>(end - out);
+}
+
+// An infinity that stands twice is to stand twice in the union.
+bool SuitInterval(Values interval, Values others) {
+  return !interval.empty() && !others.empty() && IsInterval(interval) && !EndsWithTwins(others);
+}
+
 // A word takes every value to stand once.
 bool SuitsWord(Values a, Values b) {
   return !a.empty() && !b.empty() && ShareWord(a, b) && !EndsWithTwins(a) && !EndsWithTwins(b);
@@ -103,6 +119,8 @@ unsigned Intersect(Values a, Values b, std::int32_t* out) {
 }
 
 unsigned Unite(Values a, Values b, std::int32_t* out) {
+  if (SuitInterval(a, b)) return UniteWithInterval(a, b, out);
+  if (SuitInterval(b, a)) return UniteWithInterval(b, a, out);
   if (SuitsWord(a, b)) {
     const std::int32_t begin = WordBegin(a, b);
     return ListWord(WordOf(a, begin) | WordOf(b, begin), begin, out);

@@ -17,14 +17,6 @@ int KivOmbEnumInteger::IsDerivedFrom(const char* ident) const {
   return ident == sIdent ? 1 : KivOmbiInteger::IsDerivedFrom(ident);
 }
 
-KivOmbEnumInteger* KivOmbEnumInteger::DynamicCast(KivOmbiBase* object) {
-  return object != nullptr && object->IsDerivedFrom(sIdent) != 0 ? StaticCast(object) : nullptr;
-}
-
-const KivOmbEnumInteger* KivOmbEnumInteger::DynamicCast(const KivOmbiBase* object) {
-  return DynamicCast(const_cast<KivOmbiBase*>(object));
-}
-
 KivOmbEnumInteger* KivOmbEnumInteger::StaticCast(KivOmbiBase* object) {
   return static_cast<KivOmbEnumInteger*>(object);
 }

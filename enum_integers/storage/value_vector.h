@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <concepts>
 #include <cstdint>
+#include <cstring>
+#include <span>
 
 #include "enum_integers/storage/value_vector_iterator.h"
 #include "framework/base/export.h"
@@ -89,6 +91,9 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   SubIntBase& operator[](unsigned i) { return data_[i]; }
   const SubIntBase& operator[](unsigned i) const { return data_[i]; }
 
+  // The values, for who knows that the vector is not a derived one.
+  std::span<const SubIntBase> View() const noexcept { return {data_, top_}; }
+
   // The number of slots.
   unsigned Limit() const noexcept { return limit_; }
   // By how many slots the vector would grow to make room for `n` more values; 0 when it cannot
@@ -109,6 +114,17 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   int Merge(const SubIntBase* added, unsigned count) noexcept;
   // Removes `count` values that are there, ascending.
   void Remove(const SubIntBase* removed, unsigned count) noexcept;
+  // Takes the values and the growth step of `other`, another vector, when there is room for them;
+  // false when not.
+  bool CopyIntoRoom(const KivSVectorImp_SubIntBase& other) noexcept {
+    const unsigned room = std::min(limit_, other.limit_);
+    if (other.top_ > room) return false;
+    top_ = other.top_;
+    delta_ = other.delta_;
+    factor_ = other.factor_;
+    CopySlots(other.data_, top_, room);
+    return true;
+  }
   // Keeps the values at the positions `first` .. `end` - 1, which are positions of values.
   void Keep(unsigned first, unsigned end) noexcept {
     if (first > 0) std::copy(data_ + first, data_ + end, data_);
@@ -116,6 +132,23 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   }
 
  private:
+  // Copies `count` slots of another array; both have room for as many as `room`. Few are copied by
+  // blocks, the last of which may begin before the end of the one before it, or take in unused
+  // slots. The library's copy is slower to start, and its wide stores to an array that is not
+  // aligned for them hold up those who read the values next.
+  void CopySlots(const SubIntBase* from, unsigned count, unsigned room) noexcept {
+    constexpr unsigned kBlock = 4;
+    constexpr unsigned kMostInBlocks = 512;
+    const auto copy_block = [this, from](unsigned at) {
+      std::memcpy(static_cast<void*>(data_ + at), from + at, kBlock * sizeof(SubIntBase));
+    };
+    if (count > kMostInBlocks || room < kBlock) {
+      std::copy_n(from, count, data_);
+      return;
+    }
+    for (unsigned i = 0; i + kBlock < count; i += kBlock) copy_block(i);
+    copy_block(std::max(count, kBlock) - kBlock);
+  }
   bool Replace(unsigned count) noexcept;
   std::uint64_t ProportionalLimit(std::uint64_t least) const;
   unsigned RoundedToStep(unsigned n) const;

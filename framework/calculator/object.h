@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <typeinfo>
 
 #include "framework/base/export.h"
 #include "framework/utilities/object_stream.h"
@@ -55,11 +56,14 @@ class KIV_EXPORT KivOmbiObject : public KivOmbiBase {
   KivOmbiObject& operator=(const KivOmbiObject&) = default;
 };
 
-// `object` as a T, or null when it is none. T names its class by T::CastableIdent.
+// `object` as a T, or null when it is none. T names its class by T::CastableIdent. An object of the
+// very class T, as most are that anybody asks about, is known without a call by its type's address.
 template <class T>
 T* KivCast(KivOmbiBase* object) {
-  return object != nullptr && object->IsDerivedFrom(T::CastableIdent) != 0 ? static_cast<T*>(object)
-                                                                           : nullptr;
+  if (object == nullptr) return nullptr;
+  const bool is_one =
+      &typeid(*object) == &typeid(T) || object->IsDerivedFrom(T::CastableIdent) != 0;
+  return is_one ? static_cast<T*>(object) : nullptr;
 }
 template <class T>
 const T* KivCast(const KivOmbiBase* object) {

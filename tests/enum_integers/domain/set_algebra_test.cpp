@@ -52,6 +52,47 @@ TEST(Intersect, KeepsItsLeftoverFlag) {
   EXPECT_EQ(Flag(domain), 1);
 }
 
+// {2^31 - 3, infinity twice}: as many values as the interval between its ends has.
+KivOmbEnumInteger WithInfinityTwice() {
+  KivOmbEnumInteger domain;
+  domain.CalcNextValue(Set({kMax - 3, kMax - 1, kMax}));
+  return domain;
+}
+
+TEST(Intersect, WithAnInfinityThatStandsTwiceIsNotWithAnInterval) {
+  const KivOmbEnumInteger twins = WithInfinityTwice();
+  ASSERT_EQ(twins.Count(), 3u);
+  KivOmbEnumInteger domain = Set({kMax - 1, kMax});
+  EXPECT_EQ(domain.Intersect(twins), 1);
+  EXPECT_EQ(domain.Count(), 1u);
+  EXPECT_EQ(domain.GetFirstL(), kMax);
+}
+
+TEST(Intersect, OfAnIntervalWithAnInfinityThatStandsTwiceKeepsItOnce) {
+  KivOmbEnumInteger domain = Set({kMax - 1, kMax});
+  EXPECT_EQ(domain.Intersect(WithInfinityTwice()), 1);
+  EXPECT_EQ(domain.Count(), 1u);
+  domain = Set({kMax - 2, kMax - 1, kMax});
+  EXPECT_EQ(domain.Intersect(WithInfinityTwice()), 1);
+  EXPECT_EQ(domain.Count(), 2u);
+}
+
+TEST(Unite, KeepsAnInfinityThatStandsTwice) {
+  KivOmbEnumInteger domain = Set({kMax - 1, kMax});
+  domain.Unite(WithInfinityTwice());
+  EXPECT_EQ(domain.Count(), 4u);
+  domain = WithInfinityTwice();
+  domain.Unite(Set({kMax - 1, kMax}));
+  EXPECT_EQ(domain.Count(), 4u);
+}
+
+TEST(Contains, SeesNoIntervalInAnInfinityThatStandsTwice) {
+  const KivOmbEnumInteger twins = WithInfinityTwice();
+  EXPECT_EQ(twins.Contains(kMax - 2), 1);
+  EXPECT_EQ(twins.Contains(kMax - 1), 0);
+  EXPECT_EQ(twins.Contains(kMax), 1);
+}
+
 TEST(IntersectSingle, KeepsItsValue) {
   KivOmbEnumInteger domain = Set({5});
   EXPECT_EQ(domain.Intersect(KivOmbSingleInteger(5)), 0);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "tests/enum_integers/support/operation.h"
 
@@ -78,6 +79,38 @@ Operands DenseAboutTheCap(Random& random) {
   return {EnumSet{{}, 1}, std::move(x), std::move(y)};
 }
 
+// Some values of either sign, often with an end of the range or 0 among them.
+EnumSet SetOfBothSigns(Random& random, int count, std::int64_t reach) {
+  EnumSet set = SetInWindow(random, count, -reach, 2 * reach + 1);
+  if (random.OneIn(3)) {
+    set = random.OneIn(2) ? SetInWindow(random, count, 1, reach)
+                          : SetInWindow(random, count, -reach, reach);
+  }
+  if (random.OneIn(8)) set.values.insert(set.values.begin(), kMin);
+  if (random.OneIn(8)) set.values.push_back(kMax);
+  return set;
+}
+
+// Few results of many dividends and moduli: dividends are looked up by most moduli and divided by
+// the others.
+Operands FewRemainders(Random& random) {
+  static constexpr std::int64_t kReaches[] = {30, 200, 3000, 100000, 50000000, kMax / 2};
+  const std::int64_t reach = kReaches[random.Between(0, std::ssize(kReaches) - 1)];
+  EnumSet z = SetOfBothSigns(random, random.Between(1, 5), random.OneIn(2) ? 4 : reach);
+  EnumSet x = SetOfBothSigns(random, random.Between(10, 80), reach);
+  EnumSet y = SetOfBothSigns(random, random.Between(1, 60), random.OneIn(4) ? 40 : reach);
+  // Dividends with a remainder among the results are rare otherwise.
+  for (int i = random.Between(0, 10); i > 0; --i) {
+    const std::int64_t m = y.values[random.Between(0, std::ssize(y.values) - 1)];
+    const std::int64_t r = z.values[random.Between(0, std::ssize(z.values) - 1)];
+    const std::int64_t v = m * random.Between(-5, 5) + r;
+    if (std::abs(v) < kMax) x.values.push_back(static_cast<std::int32_t>(v));
+  }
+  std::sort(x.values.begin(), x.values.end());
+  x.values.erase(std::unique(x.values.begin(), x.values.end()), x.values.end());
+  return {std::move(z), std::move(x), std::move(y)};
+}
+
 // The target of an inverse comes second.
 Operands Exchanged(Operands operands) {
   std::swap(operands[0], operands[1]);
@@ -130,6 +163,22 @@ TEST(KernelBordersDifferential, SetsOfAnyShape) {
   Random random;
   for (const Operation& operation : Operators(AnyShapes)) {
     Compare(operation, random, kShapeCases);
+    if (HasFatalFailure()) return;
+  }
+}
+
+TEST(KernelBordersDifferential, FewRemainders) {
+  const Operation operations[] = {
+      {"dividend", 1, FewRemainders,
+       [](const Objects& o) { return Set(o[0]).CalcFirstInverseModValue(Set(o[1]), Set(o[2])); },
+       [](Operands& v) { return reference::FirstInverseMod(Set(v[0]), Set(v[1]), Set(v[2])); }},
+      {"modulus", 2, FewRemainders,
+       [](const Objects& o) { return Set(o[0]).CalcSecondInverseModValue(Set(o[1]), Set(o[2])); },
+       [](Operands& v) { return reference::SecondInverseMod(Set(v[0]), Set(v[1]), Set(v[2])); }},
+  };
+  Random random;
+  for (const Operation& operation : operations) {
+    Compare(operation, random, 2 * kShapeCases);
     if (HasFatalFailure()) return;
   }
 }
