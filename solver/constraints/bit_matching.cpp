@@ -102,7 +102,10 @@ void BitMatching::Classify() {
 // owners of all others are left in waiting_.
 void BitMatching::FindAlwaysTaken() {
   can_be_free_.assign(words_, 0);
-  for (std::size_t k = 0; k < rows_.size(); ++k) can_be_free_[k % words_] |= rows_[k];
+  for (unsigned term = 0; term < place_of_.size(); ++term) {
+    const auto row = Row(term);
+    for (std::size_t w = 0; w < words_; ++w) can_be_free_[w] |= row[w];
+  }
   for (std::size_t w = 0; w < words_; ++w) can_be_free_[w] &= ~taken_[w];
 
   waiting_.resize(place_of_.size());

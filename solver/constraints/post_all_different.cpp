@@ -7,16 +7,15 @@
 #include "solver/constraints/all_different.h"
 #include "solver/constraints/all_different_bounds.h"
 #include "solver/constraints/all_different_domain.h"
+#include "solver/constraints/value_bits.h"
 
 namespace kiv {
 
 AllDifferentStrength ChooseStrength(std::int64_t terms, std::int64_t values) {
   constexpr std::int64_t kMostTerms = 512;
-  constexpr std::int64_t kFewValues = 64;
   if (terms <= 2) return AllDifferentStrength::kValues;
-  const bool few_values = values <= std::max(2 * terms, kFewValues);
-  return terms <= kMostTerms && few_values ? AllDifferentStrength::kDomain
-                                           : AllDifferentStrength::kBounds;
+  return terms <= kMostTerms && values <= kWidestBitWindow ? AllDifferentStrength::kDomain
+                                                           : AllDifferentStrength::kBounds;
 }
 
 AllDifferentStrength ChooseStrength(const KivOmbNetwork& network,

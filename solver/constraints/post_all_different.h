@@ -17,9 +17,8 @@ enum class AllDifferentStrength {
 };
 
 // The strength that suits so many terms with so many values among them: kValues for two terms,
-// which it makes domain consistent; kDomain for at most 512 terms that share few values, at most
-// twice as many as there are terms or at most 64; kBounds otherwise. With many values to spare a
-// matching finds little that bounds do not, and costs more.
+// which it makes domain consistent; kDomain for at most 512 terms whose values fit a window of
+// bits, where a matching costs no more than bounds and finds more; kBounds otherwise.
 KIV_EXPORT AllDifferentStrength ChooseStrength(std::int64_t terms, std::int64_t values);
 
 // What kAutomatic stands for: the choice for the hull of all terms, by the domains as they are now.

@@ -10,6 +10,7 @@
 #include "solver/search/literal.h"
 #include "solver/search/strategy.h"
 #include "solver/search/variable_activity.h"
+#include "solver/search/variable_tournament.h"
 #include "solver/search/variable_weights.h"
 
 namespace kiv {
@@ -22,8 +23,11 @@ class KIV_EXPORT Brancher {
   // The strategy is completed. All variables of the network must be integers or booleans; throws
   // std::invalid_argument.
   Brancher(const KivOmbNetwork& network, const Strategy& strategy, std::uint64_t seed);
+  Brancher(const Brancher&) = delete;
+  Brancher& operator=(const Brancher&) = delete;
 
-  // The decision to take at a fixpoint; none at a leaf, where nothing can be split. The variables
+  // The decision to take at a fixpoint, asked for once at each level of the network that the search
+  // opens; none at a leaf, where nothing can be split. The variables
   // before place `first_open` of the order are known to be fixed; it is moved up to the first that
   // is not.
   std::optional<Literal> Decide(KivOmbNetwork& network, std::size_t& first_open);
@@ -43,7 +47,18 @@ class KIV_EXPORT Brancher {
     std::size_t end;
     VariableChoice variable_choice;
     ValueChoice value_choice;
+    std::optional<VariableTournament> tournament;  // of a large block
   };
+  // The variables that changed at a level, up to the next one's.
+  struct Changes {
+    std::size_t level;
+    std::size_t begin;  // in changed_
+  };
+
+  std::optional<VariableId> ChooseFrom(const KivOmbNetwork& network, Block& block,
+                                       std::size_t first_open);
+  void Disturb(VariableId variable);
+  void NoteChanges(const KivOmbNetwork& network);
 
   // The decision to fix a variable to a value as far as its kind can refute it: an interval that
   // could not lose an inner value is cut above it first, and below it by the next decision.
@@ -54,6 +69,11 @@ class KIV_EXPORT Brancher {
   VariableWeights weights_;
   VariableActivity activity_;
   bool uses_activity_ = false;
+  bool has_tournaments_ = false;
+  // What changed since the root of the search, for the tournaments: it is as before again once the
+  // level is taken back.
+  std::vector<Changes> changes_;
+  std::vector<VariableId> changed_;
   std::optional<Literal> second_cut_;  // that goes with the last decision
   std::mt19937_64 random_;
 };

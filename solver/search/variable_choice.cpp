@@ -11,33 +11,12 @@ namespace {
 
 using VariableId = KivOmbNetwork::VariableId;
 
-// The lesser comes first: `first` decides, then `second`.
-struct Rank {
-  double first;
-  double second;
-
-  friend auto operator<=>(const Rank&, const Rank&) = default;
-};
-
-// No rank is less; once it is found the others need no look.
-constexpr Rank kNoLimit{-std::numeric_limits<double>::infinity(), 0};
-
-template <class RankOf>
-std::optional<VariableId> ChooseLeast(const KivOmbNetwork& network,
-                                      std::span<const VariableId> candidates, Rank least_possible,
-                                      RankOf&& rank_of) {
-  std::optional<VariableId> chosen;
-  Rank least{};
-  for (const VariableId variable : candidates) {
-    const KivOmbiDomainSummary& summary = network.GetSummary(variable);
-    if (!IsSplittable(summary)) continue;
-    const Rank rank = rank_of(variable, summary);
-    if (chosen && rank >= least) continue;
-    chosen = variable;
-    least = rank;
-    if (least <= least_possible) break;
-  }
-  return chosen;
+// No open variable has a lesser rank; once it is found the others need no look.
+VariableRank LeastRank(VariableChoice choice) {
+  if (choice == VariableChoice::kInputOrder) return {0, 0};
+  // Nothing that is open has fewer than two values.
+  if (choice == VariableChoice::kFirstFail) return {2, 0};
+  return {-std::numeric_limits<double>::infinity(), 0};
 }
 
 double RegretOf(const KivOmbNetwork& network, VariableId variable,
@@ -54,61 +33,52 @@ bool IsSplittable(const KivOmbiDomainSummary& summary) {
          summary.lower > SubIntBase::kMin && summary.upper < SubIntBase::kMax;
 }
 
+VariableRank RankOf(const KivOmbNetwork& network, VariableId variable, VariableChoice choice,
+                    const VariableWeights& weights, const VariableActivity& activity) {
+  const KivOmbiDomainSummary& summary = network.GetSummary(variable);
+  const auto size = static_cast<double>(summary.cardinality);
+  switch (choice) {
+    case VariableChoice::kInputOrder:
+      return {0, 0};
+    case VariableChoice::kFirstFail:
+      return {size, 0};
+    case VariableChoice::kAntiFirstFail:
+      return {-size, 0};
+    case VariableChoice::kSmallest:
+      return {static_cast<double>(summary.lower), 0};
+    case VariableChoice::kLargest:
+      return {-static_cast<double>(summary.upper), 0};
+    case VariableChoice::kOccurrence:
+      return {-static_cast<double>(weights.GetDegree(variable)), 0};
+    case VariableChoice::kMostConstrained:
+      return {size, -static_cast<double>(weights.GetDegree(variable))};
+    case VariableChoice::kMaxRegret:
+      return {-RegretOf(network, variable, summary), 0};
+    case VariableChoice::kDomWDeg:
+      // A variable without constraints comes last.
+      return {size / static_cast<double>(weights.GetWeight(variable)), size};
+    case VariableChoice::kActivity:
+      break;
+  }
+  return {-activity.Get(variable) / size, size};
+}
+
 std::optional<VariableId> ChooseVariable(const KivOmbNetwork& network,
                                          std::span<const VariableId> candidates,
                                          VariableChoice choice, const VariableWeights& weights,
                                          const VariableActivity& activity) {
-  using Summary = KivOmbiDomainSummary;
-  const auto least = [&](Rank least_possible, auto&& rank_of) {
-    return ChooseLeast(network, candidates, least_possible, rank_of);
-  };
-  const auto size_of = [](const Summary& summary) {
-    return static_cast<double>(summary.cardinality);
-  };
-  switch (choice) {
-    case VariableChoice::kInputOrder:
-      return least({0, 0}, [](VariableId, const Summary&) { return Rank{0, 0}; });
-    case VariableChoice::kFirstFail:
-      // Nothing that is open has fewer than two values.
-      return least({2, 0}, [&](VariableId, const Summary& summary) {
-        return Rank{size_of(summary), 0};
-      });
-    case VariableChoice::kAntiFirstFail:
-      return least(kNoLimit, [&](VariableId, const Summary& summary) {
-        return Rank{-size_of(summary), 0};
-      });
-    case VariableChoice::kSmallest:
-      return least(kNoLimit, [](VariableId, const Summary& summary) {
-        return Rank{static_cast<double>(summary.lower), 0};
-      });
-    case VariableChoice::kLargest:
-      return least(kNoLimit, [](VariableId, const Summary& summary) {
-        return Rank{-static_cast<double>(summary.upper), 0};
-      });
-    case VariableChoice::kOccurrence:
-      return least(kNoLimit, [&](VariableId id, const Summary&) {
-        return Rank{-static_cast<double>(weights.GetDegree(id)), 0};
-      });
-    case VariableChoice::kMostConstrained:
-      return least(kNoLimit, [&](VariableId id, const Summary& summary) {
-        return Rank{size_of(summary), -static_cast<double>(weights.GetDegree(id))};
-      });
-    case VariableChoice::kMaxRegret:
-      return least(kNoLimit, [&](VariableId id, const Summary& summary) {
-        return Rank{-RegretOf(network, id, summary), 0};
-      });
-    case VariableChoice::kDomWDeg:
-      // A variable without constraints comes last.
-      return least(kNoLimit, [&](VariableId id, const Summary& summary) {
-        return Rank{size_of(summary) / static_cast<double>(weights.GetWeight(id)),
-                    size_of(summary)};
-      });
-    case VariableChoice::kActivity:
-      break;
+  const VariableRank least_possible = LeastRank(choice);
+  std::optional<VariableId> chosen;
+  VariableRank least{};
+  for (const VariableId variable : candidates) {
+    if (!IsSplittable(network.GetSummary(variable))) continue;
+    const VariableRank rank = RankOf(network, variable, choice, weights, activity);
+    if (chosen && rank >= least) continue;
+    chosen = variable;
+    least = rank;
+    if (least <= least_possible) break;
   }
-  return least(kNoLimit, [&](VariableId id, const Summary& summary) {
-    return Rank{-activity.Get(id) / size_of(summary), size_of(summary)};
-  });
+  return chosen;
 }
 
 }  // namespace kiv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <optional>
 #include <span>
 
@@ -25,6 +26,19 @@ enum class VariableChoice {
 
 // Only a domain of several values between finite bounds is split.
 KIV_EXPORT bool IsSplittable(const KivOmbiDomainSummary& summary);
+
+// What a choice goes by: the lesser comes first. `first` decides, then `second`.
+struct VariableRank {
+  double first;
+  double second;
+
+  friend auto operator<=>(const VariableRank&, const VariableRank&) = default;
+};
+
+// The rank of a variable that can be split.
+KIV_EXPORT VariableRank RankOf(const KivOmbNetwork& network, KivOmbNetwork::VariableId variable,
+                               VariableChoice choice, const VariableWeights& weights,
+                               const VariableActivity& activity);
 
 // The variable among `candidates` to split next; none when none of them can be split.
 KIV_EXPORT std::optional<KivOmbNetwork::VariableId> ChooseVariable(

@@ -162,10 +162,9 @@ TEST(AllDifferentStrength, IsChosenByTheNumberOfValues) {
   };
   EXPECT_EQ(choice(2, {1, 2}), AllDifferentStrength::kValues);
   EXPECT_EQ(choice(9, {1, 9}), AllDifferentStrength::kDomain);
-  EXPECT_EQ(choice(3, {1, 64}), AllDifferentStrength::kDomain);
-  EXPECT_EQ(choice(3, {1, 65}), AllDifferentStrength::kBounds);
-  EXPECT_EQ(choice(100, {1, 200}), AllDifferentStrength::kDomain);
-  EXPECT_EQ(choice(100, {1, 201}), AllDifferentStrength::kBounds);
+  EXPECT_EQ(choice(3, {1, 1024}), AllDifferentStrength::kDomain);
+  EXPECT_EQ(choice(3, {1, 1025}), AllDifferentStrength::kBounds);
+  EXPECT_EQ(choice(512, {1, 1024}), AllDifferentStrength::kDomain);
   EXPECT_EQ(choice(513, {1, 513}), AllDifferentStrength::kBounds);
   EXPECT_EQ(choice(3, {}), AllDifferentStrength::kBounds);
 }

@@ -9,7 +9,7 @@ namespace {
 // What is left for c when a and b share two values, the greatest and one within.
 std::uint32_t CountLeft(const std::string& annotation) {
   PostedText posted(
-      "var {2,9}: a; var {2,9}: b; var 1..9: c; var 20..120: d;"
+      "var {2,9}: a; var {2,9}: b; var 1..9: c; var 20..2000: d;"
       "constraint kiv_all_different([a,b,c,d])" +
       annotation + "; solve satisfy;");
   EXPECT_EQ(posted.network.Propagate(), KivOmbNetwork::Outcome::kFixpoint);
