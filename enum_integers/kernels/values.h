@@ -34,4 +34,7 @@ inline bool EndsWithTwins(Values values) {
   return values.size() > 1 && values[values.size() - 2] == values.back();
 }
 
+// For `values` that are not empty: whether they are just those from the first to the last.
+inline bool IsGapless(Values values) { return IsInterval(values) && !EndsWithTwins(values); }
+
 }  // namespace kiv::kernels

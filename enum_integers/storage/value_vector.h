@@ -90,7 +90,7 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   const SubIntBase& operator[](unsigned i) const { return data_[i]; }
 
   // The number of slots.
-  unsigned Limit() const noexcept { return limit_; }
+  unsigned Limit() const noexcept { return front_ + limit_; }
   // By how many slots the vector would grow to make room for `n` more values; 0 when it cannot
   // grow.
   unsigned NextDelta(unsigned n) const;
@@ -99,6 +99,7 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   // Takes `count` values for the present ones: returns the slots, which the caller fills in order.
   // The growth step becomes `delta`. Null when there is no memory; the vector is as it was then.
   SubIntBase* Overwrite(unsigned count, unsigned delta) noexcept {
+    DropFront();
     if (count > limit_ && !Replace(count)) return nullptr;
     top_ = count;
     delta_ = delta;
@@ -109,13 +110,28 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   int Merge(const SubIntBase* added, unsigned count) noexcept;
   // Removes `count` values that are there, ascending.
   void Remove(const SubIntBase* removed, unsigned count) noexcept;
-  // Keeps the values at the positions `first` .. `end` - 1, which are positions of values.
+  // Keeps the values at the positions `first` .. `end` - 1, which are positions of values. They
+  // stay where they are: the slots before them wait for values that are merged in.
   void Keep(unsigned first, unsigned end) noexcept {
-    if (first > 0) std::copy(data_ + first, data_ + end, data_);
+    MoveFront(first);
     top_ = end - first;
   }
 
  private:
+  // The first slot in use moves up by `n` slots, of which there are as many.
+  void MoveFront(unsigned n) noexcept {
+    data_ += n;
+    front_ += n;
+    limit_ -= n;
+  }
+  // It becomes the first of all; the values are lost.
+  void DropFront() noexcept {
+    data_ -= front_;
+    limit_ += front_;
+    front_ = 0;
+  }
+  // The same for the values as well.
+  void CloseFront() noexcept;
   bool Replace(unsigned count) noexcept;
   std::uint64_t ProportionalLimit(std::uint64_t least) const;
   unsigned RoundedToStep(unsigned n) const;
@@ -123,9 +139,10 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   unsigned CountBelow(SubIntBase v) const;
   unsigned BisectToEqual(SubIntBase v, unsigned first) const;
 
-  SubIntBase* data_ = nullptr;
-  unsigned limit_ = 0;
+  SubIntBase* data_ = nullptr;  // the first slot in use
+  unsigned limit_ = 0;          // slots from there on
   unsigned top_ = 0;
+  unsigned front_ = 0;  // slots before that
   unsigned delta_ = 0;
   double factor_ = 0.0;
   int good_ = 1;
