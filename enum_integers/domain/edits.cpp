@@ -106,16 +106,22 @@ void KivOmbEnumInteger::BecomeRange(std::int32_t lower, std::int32_t upper) {
 void KivOmbEnumInteger::Keep(unsigned first, unsigned end) {
   const unsigned count = Count();
   end = std::max(first, std::min(end, count));
-  if (first > 0) Without(View().first(first));
-  if (end < count) Without(View().subspan(end));
-  values.Keep(first, end);
+  if (end < count) Without(View().subspan(end)).values.Keep(0, end);
+  if (first > 0) Without(View().first(first)).values.Keep(first, end);
 }
 
-// Keeps the values of the range; Nil when there are none.
+// Keeps the values of the range; Nil when there are none. For a domain that holds values.
 int KivOmbEnumInteger::KeepBetween(std::int32_t lowest, std::int32_t highest) {
-  if (GetFirstL() >= lowest && GetLastU() <= highest) return 0;
-  const unsigned first = CountBelow(lowest);
-  const unsigned end = CountUpTo(highest);
+  const bool cuts_below = GetFirstL() < lowest;
+  const bool cuts_above = GetLastU() > highest;
+  if (!cuts_below && !cuts_above) return 0;
+  if (GetLastU() < lowest || GetFirstL() > highest) return Nil();
+  const bool is_gapless = kiv::kernels::IsInterval(View());
+  const auto from_first = [&](std::int32_t v) { return static_cast<unsigned>(v - GetFirstL()); };
+  const unsigned first = !cuts_below ? 0 : is_gapless ? from_first(lowest) : CountBelow(lowest);
+  const unsigned end = !cuts_above  ? Count()
+                       : is_gapless ? from_first(highest) + 1
+                                    : CountUpTo(highest);
   if (first >= end) return Nil();
   Keep(first, end);
   return 1;

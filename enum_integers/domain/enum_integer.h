@@ -300,7 +300,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   // Storage has room for 21 values, and grows by 20.
   static constexpr unsigned kRoom = 20;
   static constexpr unsigned kStep = 20;
-  static constexpr unsigned kFewValues = 16;
+  static constexpr unsigned kManyValues = 128;
 
   // The one way to the members for writing: tells the network that owns the domain first. An
   // operation that changes nothing does not come here.
@@ -313,9 +313,8 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
     LosesFew() ? WillLose(lost) : WillChange();
     return *this;
   }
-  // Whether what goes is less to save than what is there: for the domain of a variable that has
-  // more than a few values.
-  bool LosesFew() const { return HasOwner() && Count() > kFewValues; }
+  // Whether it is worth while to find out what goes: it may be less to save than what is there.
+  bool LosesFew() const { return HasOwner() && Count() > kManyValues; }
   KivOmbEnumInteger& AssignAnew(const KivOmbEnumInteger& other);
   void BecomeEmpty(int flag);
   void Become(kiv::kernels::Values new_values, int flag, unsigned delta);
@@ -364,9 +363,9 @@ class KIV_EXPORT KivOmbEnumInteger::Descriptor : public KivOmbiObjectDescriptor 
   KivOmbiObject* ConstructObject(void* memory) const override;
   std::int64_t GetObjectSize() const override;
 
-  // The state is the flag, the number of values and the values, 32 bits each.
-  std::size_t GetStateSize(const KivOmbiObject& object) const override;
-  void SaveState(const KivOmbiObject& object, void* state) const override;
+  // The state is the flag, the number of values and the values, 32 bits each; of many values
+  // without a gap among them only the first.
+  std::size_t SaveState(const KivOmbiObject& object, std::span<std::byte> room) const override;
   // Announces nothing, and allocates only when the domain has fewer slots than the state has
   // values.
   int RestoreState(KivOmbiObject& object, const void* state) const override;

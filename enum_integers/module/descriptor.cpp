@@ -11,6 +11,15 @@ namespace {
 
 constexpr std::size_t kWord = sizeof(std::uint32_t);
 
+// Marks the count of values of a state that holds only the first of them, the others being those
+// that follow it.
+constexpr std::uint32_t kRunBit = std::uint32_t{1} << 31;
+
+// Fewer values are copied as quickly as they are looked at.
+bool IsRun(kiv::kernels::Values values) {
+  return values.size() > 32 && kiv::kernels::IsInterval(values);
+}
+
 const KivOmbEnumInteger& DomainOf(const KivOmbiObject& object) {
   return *KivOmbEnumInteger::StaticCast(&object);
 }
@@ -54,17 +63,18 @@ std::int64_t KivOmbEnumInteger::Descriptor::GetObjectSize() const {
   return sizeof(KivOmbEnumInteger);
 }
 
-std::size_t KivOmbEnumInteger::Descriptor::GetStateSize(const KivOmbiObject& object) const {
-  return (2 + std::size_t{DomainOf(object).Count()}) * kWord;
-}
-
-void KivOmbEnumInteger::Descriptor::SaveState(const KivOmbiObject& object, void* state) const {
+std::size_t KivOmbEnumInteger::Descriptor::SaveState(const KivOmbiObject& object,
+                                                     std::span<std::byte> room) const {
   const KivOmbEnumInteger& domain = DomainOf(object);
-  auto* const words = static_cast<unsigned char*>(state);
-  const std::uint32_t count = domain.Count();
-  std::memcpy(words, &domain.anyFlag, kWord);
-  std::memcpy(words + kWord, &count, kWord);
-  if (count > 0) std::memcpy(words + 2 * kWord, &domain.values[0], count * kWord);
+  const auto values = domain.View();
+  const bool is_run = IsRun(values);
+  const std::size_t size = 2 * kWord + (is_run ? kWord : values.size_bytes());
+  if (size > room.size()) return size;
+  const std::uint32_t count = domain.Count() | (is_run ? kRunBit : 0);
+  std::memcpy(room.data(), &domain.anyFlag, kWord);
+  std::memcpy(room.data() + kWord, &count, kWord);
+  if (!values.empty()) std::memcpy(room.data() + 2 * kWord, values.data(), size - 2 * kWord);
+  return size;
 }
 
 int KivOmbEnumInteger::Descriptor::RestoreState(KivOmbiObject& object, const void* state) const {
@@ -72,11 +82,16 @@ int KivOmbEnumInteger::Descriptor::RestoreState(KivOmbiObject& object, const voi
   const auto* const words = static_cast<const unsigned char*>(state);
   std::uint32_t count;
   std::memcpy(&count, words + kWord, kWord);
-  domain.values.Flush();
-  if (count > 0) {
-    // Adding at the last position raises the top to it; the slots below are filled at once then.
-    if (domain.values.AddAt(0, count - 1) == 0) return 0;
-    std::memcpy(&domain.values[0], words + 2 * kWord, count * kWord);
+  const bool is_run = (count & kRunBit) != 0;
+  count &= ~kRunBit;
+  SubIntBase* const slots = domain.values.Overwrite(count, domain.GetDelta());
+  if (slots == nullptr && count > 0) return 0;
+  if (is_run) {
+    std::int32_t first;
+    std::memcpy(&first, words + 2 * kWord, kWord);
+    for (std::uint32_t i = 0; i < count; ++i) slots[i] = first + static_cast<std::int32_t>(i);
+  } else if (count > 0) {
+    std::memcpy(static_cast<void*>(slots), words + 2 * kWord, count * kWord);
   }
   std::memcpy(&domain.anyFlag, words, kWord);
   return 1;
@@ -112,13 +127,7 @@ std::span<const SubIntBase> KivOmbEnumInteger::Descriptor::GetValues(
 int KivOmbEnumInteger::Descriptor::KeepBetween(KivOmbiObject& object, std::int32_t lower,
                                                std::int32_t upper) const {
   KivOmbEnumInteger& domain = *StaticCast(&object);
-  const unsigned count = domain.Count();
-  if (count == 0) return 0;
-  const unsigned end = upper >= domain.GetLastU() ? count : domain.CountUpTo(upper);
-  const unsigned first = lower <= domain.GetFirstL() ? 0 : domain.CountBelow(lower);
-  if (first >= end) return domain.Nil();
-  domain.Keep(first, end);
-  return domain.Count() != count;
+  return domain.Count() > 0 ? domain.KeepBetween(lower, upper) : 0;
 }
 
 int KivOmbEnumInteger::Descriptor::RemoveValues(KivOmbiObject& object,

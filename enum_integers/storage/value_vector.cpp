@@ -20,14 +20,14 @@ KivSVectorImp_SubIntBase::KivSVectorImp_SubIntBase(unsigned size, double factor,
 }
 
 KivSVectorImp_SubIntBase::KivSVectorImp_SubIntBase(const KivSVectorImp_SubIntBase& other) noexcept
-    : data_(kiv::TakeSlots(other.limit_)),
-      limit_(data_ != nullptr ? other.limit_ : 0),
+    : data_(kiv::TakeSlots(other.Limit())),
+      limit_(data_ != nullptr ? other.Limit() : 0),
       top_(data_ != nullptr ? other.top_ : 0),
       delta_(other.delta_),
       factor_(other.factor_),
       good_(other.Good() != 0 && data_ != nullptr),
       bitwise_(other.bitwise_) {
-  if (good_ != 0) std::copy_n(other.data_, bitwise_ != 0 ? top_ : limit_, data_);
+  if (good_ != 0) std::copy_n(other.data_, bitwise_ != 0 ? top_ : other.limit_, data_);
 }
 
 const KivSVectorImp_SubIntBase& KivSVectorImp_SubIntBase::operator=(
@@ -37,10 +37,11 @@ const KivSVectorImp_SubIntBase& KivSVectorImp_SubIntBase::operator=(
   // Two vectors without storage have nothing to take over from each other.
   if (good_ == 0 || data_ == other.data_) return *this;
   // The old array goes first, so that the new one can be the same memory.
+  DropFront();
   kiv::ReturnSlots(data_, limit_);
-  data_ = kiv::TakeSlots(other.limit_);
+  data_ = kiv::TakeSlots(other.Limit());
   good_ = data_ != nullptr;
-  limit_ = data_ != nullptr ? other.limit_ : 0;
+  limit_ = data_ != nullptr ? other.Limit() : 0;
   top_ = data_ != nullptr ? other.top_ : 0;
   delta_ = other.delta_;
   factor_ = other.factor_;
@@ -49,13 +50,17 @@ const KivSVectorImp_SubIntBase& KivSVectorImp_SubIntBase::operator=(
   return *this;
 }
 
-KivSVectorImp_SubIntBase::~KivSVectorImp_SubIntBase() { kiv::ReturnSlots(data_, limit_); }
+KivSVectorImp_SubIntBase::~KivSVectorImp_SubIntBase() {
+  DropFront();
+  kiv::ReturnSlots(data_, limit_);
+}
 
 int KivSVectorImp_SubIntBase::Good() { return good_; }
 int KivSVectorImp_SubIntBase::Good() const { return good_; }
 
 int KivSVectorImp_SubIntBase::Add(const SubIntBase& v) {
   const SubIntBase value = v;  // growing may move the slot that `v` refers to
+  CloseFront();
   if (top_ == limit_ && !Resize(top_ + 1)) return 0;
   unsigned i = top_++;
   for (; i > 0 && data_[i - 1] > value; --i) data_[i] = data_[i - 1];
@@ -75,6 +80,7 @@ int KivSVectorImp_SubIntBase::AddUnique(const SubIntBase& v) {
 
 int KivSVectorImp_SubIntBase::AddAt(const SubIntBase& v, unsigned i) {
   const SubIntBase value = v;  // growing may move the slot that `v` refers to
+  CloseFront();
   if (i >= limit_ && !Resize(i + 1)) return 0;
   if (top_ == limit_ && !Resize(limit_ + 1)) return 0;
   top_ = std::max(top_, i);
@@ -87,7 +93,7 @@ int KivSVectorImp_SubIntBase::AddAt(const SubIntBase& v, unsigned i) {
 int KivSVectorImp_SubIntBase::Detach(const SubIntBase& v) { return DetachAt(Find(v), 1); }
 
 int KivSVectorImp_SubIntBase::DetachAt(unsigned i, unsigned n) {
-  if (i >= limit_) return 0;
+  if (i >= Limit()) return 0;
   if (i >= top_) return 1;
   const unsigned removed = std::min(n, top_ - i);
   std::copy(data_ + i + removed, data_ + top_, data_ + i);
@@ -97,13 +103,22 @@ int KivSVectorImp_SubIntBase::DetachAt(unsigned i, unsigned n) {
 
 int KivSVectorImp_SubIntBase::IsEmpty() const { return top_ == 0; }
 
-void KivSVectorImp_SubIntBase::Flush() { top_ = 0; }
+void KivSVectorImp_SubIntBase::Flush() {
+  DropFront();
+  top_ = 0;
+}
+
+void KivSVectorImp_SubIntBase::CloseFront() noexcept {
+  if (front_ == 0) return;
+  std::copy_n(data_, top_, data_ - front_);
+  DropFront();
+}
 
 // The least size of at least `least` in the proportional growth from the present one; as large as
 // it may be, beyond 32 bits too.
 std::uint64_t KivSVectorImp_SubIntBase::ProportionalLimit(std::uint64_t least) const {
   constexpr double kBeyondAnyLimit = 4294967296.0;
-  std::uint64_t size = std::max(limit_, 1u);
+  std::uint64_t size = std::max(Limit(), 1u);
   while (size < least) {
     const double growth = std::min(static_cast<double>(size) * factor_, kBeyondAnyLimit);
     size += std::max<std::uint64_t>(static_cast<std::uint64_t>(growth), 1);
@@ -117,12 +132,13 @@ unsigned KivSVectorImp_SubIntBase::RoundedToStep(unsigned n) const {
 
 unsigned KivSVectorImp_SubIntBase::NextDelta(unsigned n) const {
   if (factor_ != 0.0) {
-    return static_cast<unsigned>(ProportionalLimit(std::uint64_t{limit_} + n) - limit_);
+    return static_cast<unsigned>(ProportionalLimit(std::uint64_t{Limit()} + n) - Limit());
   }
   return delta_ == 0 ? 0 : RoundedToStep(n);
 }
 
 int KivSVectorImp_SubIntBase::Resize(unsigned limit) {
+  CloseFront();
   if (limit <= limit_) return 0;
   const unsigned delta = GetDelta();
   if (delta == 0 && factor_ == 0.0) return 0;

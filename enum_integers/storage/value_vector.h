@@ -95,7 +95,7 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   std::span<const SubIntBase> View() const noexcept { return {data_, top_}; }
 
   // The number of slots.
-  unsigned Limit() const noexcept { return limit_; }
+  unsigned Limit() const noexcept { return front_ + limit_; }
   // By how many slots the vector would grow to make room for `n` more values; 0 when it cannot
   // grow.
   unsigned NextDelta(unsigned n) const;
@@ -104,6 +104,7 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   // Takes `count` values for the present ones: returns the slots, which the caller fills in order.
   // The growth step becomes `delta`. Null when there is no memory; the vector is as it was then.
   SubIntBase* Overwrite(unsigned count, unsigned delta) noexcept {
+    DropFront();
     if (count > limit_ && !Replace(count)) return nullptr;
     top_ = count;
     delta_ = delta;
@@ -117,17 +118,19 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   // Takes the values and the growth step of `other`, another vector, when there is room for them;
   // false when not.
   bool CopyIntoRoom(const KivSVectorImp_SubIntBase& other) noexcept {
-    const unsigned room = std::min(limit_, other.limit_);
+    const unsigned room = std::min(Limit(), other.limit_);
     if (other.top_ > room) return false;
+    DropFront();
     top_ = other.top_;
     delta_ = other.delta_;
     factor_ = other.factor_;
     CopySlots(other.data_, top_, room);
     return true;
   }
-  // Keeps the values at the positions `first` .. `end` - 1, which are positions of values.
+  // Keeps the values at the positions `first` .. `end` - 1, which are positions of values. They
+  // stay where they are: the slots before them wait for values that are merged in.
   void Keep(unsigned first, unsigned end) noexcept {
-    if (first > 0) std::copy(data_ + first, data_ + end, data_);
+    MoveFront(first);
     top_ = end - first;
   }
 
@@ -149,6 +152,20 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
     for (unsigned i = 0; i + kBlock < count; i += kBlock) copy_block(i);
     copy_block(std::max(count, kBlock) - kBlock);
   }
+  // The first slot in use moves up by `n` slots, of which there are as many.
+  void MoveFront(unsigned n) noexcept {
+    data_ += n;
+    front_ += n;
+    limit_ -= n;
+  }
+  // It becomes the first of all; the values are lost.
+  void DropFront() noexcept {
+    data_ -= front_;
+    limit_ += front_;
+    front_ = 0;
+  }
+  // The same for the values as well.
+  void CloseFront() noexcept;
   bool Replace(unsigned count) noexcept;
   std::uint64_t ProportionalLimit(std::uint64_t least) const;
   unsigned RoundedToStep(unsigned n) const;
@@ -156,9 +173,10 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
   unsigned CountBelow(SubIntBase v) const;
   unsigned BisectToEqual(SubIntBase v, unsigned first) const;
 
-  SubIntBase* data_ = nullptr;
-  unsigned limit_ = 0;
+  SubIntBase* data_ = nullptr;  // the first slot in use
+  unsigned limit_ = 0;          // slots from there on
   unsigned top_ = 0;
+  unsigned front_ = 0;  // slots before that
   unsigned delta_ = 0;
   double factor_ = 0.0;
   int good_ = 1;

@@ -33,7 +33,7 @@ unsigned KivSVectorImp_SubIntBase::BisectToEqual(SubIntBase v, unsigned first) c
 
 unsigned KivSVectorImp_SubIntBase::Find(const SubIntBase& v) const {
   const unsigned i = CountBelow(v);
-  return i < top_ && data_[i] == v ? BisectToEqual(v, i) : limit_ + 1;
+  return i < top_ && data_[i] == v ? BisectToEqual(v, i) : Limit() + 1;
 }
 
 unsigned KivSVectorImp_SubIntBase::ClusteredFind(const SubIntBase& v) const {
@@ -45,7 +45,7 @@ unsigned KivSVectorImp_SubIntBase::FindLowerBound(SubIntBase v, int clustered) c
   if (found < top_ && data_[found] == v) {
     if (clustered == 0) found = BisectToEqual(v, found);
   } else {
-    found = found > 0 ? found - 1 : limit_ + 1;
+    found = found > 0 ? found - 1 : Limit() + 1;
     if (clustered != 0) found = FirstOfEquals(found);
   }
   return found;
@@ -53,7 +53,7 @@ unsigned KivSVectorImp_SubIntBase::FindLowerBound(SubIntBase v, int clustered) c
 
 unsigned KivSVectorImp_SubIntBase::FindUpperBound(SubIntBase v, int clustered) const {
   const unsigned found = CountBelow(v);
-  if (found == top_) return limit_ + 1;
+  if (found == top_) return Limit() + 1;
   return clustered == 0 && data_[found] == v ? BisectToEqual(v, found) : found;
 }
 

@@ -1,7 +1,5 @@
 #include "framework/abstract_types/any.h"
 
-#include "framework/calculator/network.h"
-
 const char KivOmbiAny::CastableIdent[] = "KivOmbiAny";
 
 KivOmbiAny::~KivOmbiAny() = default;
@@ -22,12 +20,6 @@ double KivOmbiAny::GetRelativeWidth(double unit) const {
 }
 
 void KivOmbiAny::Bisect(KivOmbiObject&, ValueSelection) {}
-
-void KivOmbiAny::AnnounceChange() { network_->WillChange(variable_); }
-
-void KivOmbiAny::AnnounceLoss(std::span<const std::int32_t> values) {
-  network_->WillLose(variable_, values);
-}
 
 int KivOmbiAny::CalcMinValue(const KivOmbiAny&, const KivOmbiAny&) { return 0; }
 int KivOmbiAny::CalcMinValue() { return 0; }

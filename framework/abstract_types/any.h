@@ -4,6 +4,7 @@
 #include <span>
 
 #include "framework/base/export.h"
+#include "framework/calculator/network.h"
 #include "framework/calculator/object.h"
 
 class KivOmbiBoolean;
@@ -87,18 +88,15 @@ class KIV_EXPORT KivOmbiAny : public KivOmbiObject {
   // A kind calls this before every write to its value, so that the network can save the domain
   // before the first write of a level. Costs one test for a domain without an owner.
   void WillChange() {
-    if (network_ != nullptr) AnnounceChange();
+    if (network_ != nullptr) network_->WillChange(variable_);
   }
   // Instead of that before a write that takes `values`, ascending, from the domain and leaves the
   // rest as it is; a kind that calls this can Regain() them.
   void WillLose(std::span<const std::int32_t> values) {
-    if (network_ != nullptr) AnnounceLoss(values);
+    if (network_ != nullptr) network_->WillLose(variable_, values);
   }
 
  private:
-  void AnnounceChange();
-  void AnnounceLoss(std::span<const std::int32_t> values);
-
   KivOmbiNetwork* network_ = nullptr;
   std::uint32_t variable_ = 0;
 };

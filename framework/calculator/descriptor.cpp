@@ -54,9 +54,9 @@ int KivOmbiObjectDescriptor::IsMatched(const KivOmbiObjectDescriptor* actual) co
 
 void KivOmbiObjectDescriptor::PrintOn(Kivostrstream& out) const { out << name_; }
 
-std::size_t KivOmbiObjectDescriptor::GetStateSize(const KivOmbiObject&) const { return 0; }
-
-void KivOmbiObjectDescriptor::SaveState(const KivOmbiObject&, void*) const {}
+std::size_t KivOmbiObjectDescriptor::SaveState(const KivOmbiObject&, std::span<std::byte>) const {
+  return 0;
+}
 
 int KivOmbiObjectDescriptor::RestoreState(KivOmbiObject&, const void*) const { return 1; }
 

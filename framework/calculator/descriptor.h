@@ -45,9 +45,9 @@ class KIV_EXPORT KivOmbiObjectDescriptor : public KivOmbiBase {
   virtual void PrintOn(Kivostrstream& out) const;
 
   // What a network needs of a domain kind to backtrack and to keep its summary.
-  // Bytes that SaveState writes for `object` as it stands.
-  virtual std::size_t GetStateSize(const KivOmbiObject& object) const;
-  virtual void SaveState(const KivOmbiObject& object, void* state) const;
+  // Writes the state of `object` to the beginning of `room` unless it is longer than that; returns
+  // how many bytes it takes.
+  virtual std::size_t SaveState(const KivOmbiObject& object, std::span<std::byte> room) const;
   // Makes `object` what it was; 0 when there is no memory for it.
   virtual int RestoreState(KivOmbiObject& object, const void* state) const;
   // Puts `values`, ascending, which `object` lost as the network was told, back among those that it

@@ -21,9 +21,11 @@ class KivOmbNumberDescriptor final : public KivOmbiObjectDescriptor {
   KivOmbiObject* ConstructObject(void* memory) const override { return new (memory) T; }
   std::int64_t GetObjectSize() const override { return sizeof(T); }
 
-  std::size_t GetStateSize(const KivOmbiObject&) const override { return sizeof(Value); }
-  void SaveState(const KivOmbiObject& object, void* state) const override {
-    std::memcpy(state, &static_cast<const T&>(object).value_, sizeof(Value));
+  std::size_t SaveState(const KivOmbiObject& object, std::span<std::byte> room) const override {
+    if (room.size() >= sizeof(Value)) {
+      std::memcpy(room.data(), &static_cast<const T&>(object).value_, sizeof(Value));
+    }
+    return sizeof(Value);
   }
   int RestoreState(KivOmbiObject& object, const void* state) const override {
     std::memcpy(&static_cast<T&>(object).value_, state, sizeof(Value));

@@ -37,11 +37,11 @@ class RangeDescriptor final : public KivOmbiObjectDescriptor {
   KivOmbiObject* ConstructObject(void* memory) const override { return new (memory) Range; }
   std::int64_t GetObjectSize() const override { return sizeof(Range); }
 
-  std::size_t GetStateSize(const KivOmbiObject&) const override { return sizeof(State); }
-  void SaveState(const KivOmbiObject& object, void* state) const override {
+  std::size_t SaveState(const KivOmbiObject& object, std::span<std::byte> room) const override {
     const auto& range = static_cast<const Range&>(object);
     const State bounds{range.GetLowerBound(), range.GetUpperBound()};
-    std::memcpy(state, &bounds, sizeof bounds);
+    if (room.size() >= sizeof bounds) std::memcpy(room.data(), &bounds, sizeof bounds);
+    return sizeof bounds;
   }
   int RestoreState(KivOmbiObject& object, const void* state) const override {
     State bounds;

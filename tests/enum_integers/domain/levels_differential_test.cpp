@@ -4,12 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
 #include "framework/networks/network.h"
-#include "tests/enum_integers/support/kernel_paths.h"
 #include "tests/enum_integers/support/random_domains.h"
+#include "tests/support/seed.h"
 
 namespace {
 
@@ -150,9 +151,8 @@ void EditAtLevels(Random& random) {
       KivOmbEnumInteger free(domain);
       const int expected = edit(free);
       int result = 0;
-      network.Update(variable, [&](KivOmbiAny& any) {
-        result = edit(*KivOmbEnumInteger::StaticCast(&any));
-      });
+      network.Update(variable,
+                     [&](KivOmbiAny& any) { result = edit(*KivOmbEnumInteger::StaticCast(&any)); });
       ASSERT_EQ(result, expected) << testing::PrintToString(before);
       ASSERT_EQ(Read(domain), Read(free)) << testing::PrintToString(before);
       ASSERT_EQ(network.GetSummary(variable), KivOmbEnumInteger::sDescriptor->Summarize(free));
@@ -171,7 +171,8 @@ void EditAtLevels(Random& random) {
 TEST(LevelsDifferential, AreTakenBackWhateverWasEdited) {
   KivOmbEnumInteger::MakeDescriptor();
   Random random;
-  for (int round = 0; round < 2000 && !HasFatalFailure(); ++round) EditAtLevels(random);
+  const std::uint64_t rounds = Times(2000);
+  for (std::uint64_t i = 0; i < rounds && !HasFatalFailure(); ++i) EditAtLevels(random);
 }
 
 }  // namespace

@@ -34,6 +34,12 @@ class NumberDescriptor : public testing::Test {
  protected:
   static const KivOmbiObjectDescriptor& Descriptor() { return *Kind::sDescriptor; }
 
+  static std::vector<std::byte> Saved(const Kind& domain) {
+    std::vector<std::byte> state(Descriptor().SaveState(domain, {}));
+    EXPECT_EQ(Descriptor().SaveState(domain, state), state.size());
+    return state;
+  }
+
   alignas(Kind) std::byte memory_[sizeof(Kind)];
 };
 using Kinds = testing::Types<KivOmbSingleInteger, KivOmbIntervalInteger, KivOmbSingleBoolean>;
@@ -57,16 +63,14 @@ TYPED_TEST(NumberDescriptor, ConstructsAnAnyDomainInGivenMemory) {
 TYPED_TEST(NumberDescriptor, ConstructsNothingInNoMemory) {
   EXPECT_EQ(this->Descriptor().ConstructObject(nullptr), nullptr);
   TypeParam domain;
-  std::vector<std::byte> state(this->Descriptor().GetStateSize(domain));
-  this->Descriptor().SaveState(domain, state.data());
+  const auto state = this->Saved(domain);
   EXPECT_EQ(this->Descriptor().ConstructObjectFrom(nullptr, state.data()), nullptr);
 }
 
 TYPED_TEST(NumberDescriptor, ConstructsFromASavedState) {
   TypeParam domain;
   MakeSpecial(domain);
-  std::vector<std::byte> state(this->Descriptor().GetStateSize(domain));
-  this->Descriptor().SaveState(domain, state.data());
+  const auto state = this->Saved(domain);
   KivOmbiObject* object = this->Descriptor().ConstructObjectFrom(this->memory_, state.data());
   ASSERT_NE(object, nullptr);
   EXPECT_EQ(Text(static_cast<KivOmbiAny&>(*object)), Text(domain));
@@ -77,8 +81,7 @@ TYPED_TEST(NumberDescriptor, RestoresWhatItSavedWithoutAnAnnouncement) {
   TypeParam domain;
   MakeSpecial(domain);
   const std::string before = Text(domain);
-  std::vector<std::byte> state(this->Descriptor().GetStateSize(domain));
-  this->Descriptor().SaveState(domain, state.data());
+  const auto state = this->Saved(domain);
   for (void (TypeParam::*change)() : {&TypeParam::SetNilValue, &TypeParam::SetUndefinedValue}) {
     (domain.*change)();
     ASSERT_NE(Text(domain), before);
