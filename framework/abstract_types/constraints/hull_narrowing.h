@@ -20,10 +20,10 @@ void SettleHulls(std::array<Hull, kCount>& hulls, Narrow&& narrow) {
   }
 }
 
-// Narrows the bounds of some arguments to what `settle(hulls)` leaves of their hulls, which running
-// again would not change. As most bounds need several rounds to settle, they do so as numbers; only
-// then are the domains written, in the order of `arguments`. Running again at once would change
-// nothing.
+// Narrows the bounds of some arguments to what `settle(hulls)` leaves of their hulls, which a
+// second call would not change. As most bounds need several rounds to settle, they do so as
+// numbers; only then are the domains written, in the order of `arguments`. What it returns 0 for is
+// at rest.
 template <std::size_t kCount, class Settle>
 KivOmbiFilterResult NarrowHulls(const KivOmbiObjectEnvironment& environment,
                                 const std::array<unsigned, kCount>& arguments, Settle&& settle) {

@@ -45,6 +45,9 @@ const KivOmbiOperatorConstraintDescriptor<KivOmbiPowerConstraint> power("KivOmbi
 
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
                            const KivOmbiObjectDescriptor& carrier) {
+  if (const auto& y = environment.Summary(kY); y.IsFixed() && y.lower > 0) {
+    return kiv::NarrowFixedPower(environment, carrier, kX, y.lower, kZ);
+  }
   const auto hull = [&](unsigned i) { return kiv::HullOf(environment, i); };
   if (const auto result = kiv::NarrowByOperation(
           environment, carrier, kZ, kiv::Power(hull(kX), hull(kY)),
@@ -86,7 +89,7 @@ KivOmbiPowerConstraint::~KivOmbiPowerConstraint() = default;
 std::int64_t KivOmbiPowerConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                             std::int64_t) {
   const auto result = Narrow(environment, GetCarrier());
-  return result != 0 ? result : Settle(environment);
+  return kiv::IsEnd(result) ? result : result | Settle(environment);
 }
 
 bool KivOmbiPowerConstraint::Holds(std::span<const std::int64_t> values) const {

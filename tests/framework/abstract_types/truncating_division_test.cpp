@@ -52,7 +52,10 @@ TEST(TruncatingDivision, StandsUnderBruteForce) {
   const std::size_t cases = Times(3000);
   for (std::uint64_t seed = first; seed < first + cases; ++seed) {
     Generator random(seed);
-    const Declared x = RandomVariable(random), y = RandomVariable(random);
+    const Declared x = RandomVariable(random);
+    // What one divisor leaves is found in another way.
+    const Declared y =
+        OneIn(random, 3) ? RandomVariable(random, Flavour::kSingle) : RandomVariable(random);
     const Declared z =
         OneIn(random, 4) ? Declared{FindKind("interval int"), {}} : NearQuotient(random, x, y);
     static const std::vector<VariableId> kAliasings[] = {{0, 0, 2}, {0, 1, 0}, {0, 1, 1}};
