@@ -1,7 +1,7 @@
 #include "solver/constraints/bounded_difference.h"
 
 #include <optional>
-#include <utility>
+#include <tuple>
 
 namespace kiv {
 
@@ -12,33 +12,43 @@ enum Argument : unsigned { kX, kY, kTruth };
 const KivOmbiConstraintDescriptor descriptor("kiv::BoundedDifference", 2, 0, true);
 const KivOmbiConstraintDescriptor truth_descriptor("kiv::BoundedDifferenceTruth", 3, 0, true);
 
-// Whether argument x - argument y <= most, as far as the bounds tell.
+// Whether x - y <= most, as far as the bounds of two different variables tell.
+std::optional<bool> IsBounded(const Hull& x, const Hull& y, std::int64_t most) {
+  if (x.upper - y.lower <= most) return true;
+  if (x.lower - y.upper > most) return false;
+  return std::nullopt;
+}
+
+// The same for argument x and argument y, which may be one.
 std::optional<bool> IsBounded(const KivOmbiObjectEnvironment& environment, unsigned x, unsigned y,
                               std::int64_t most) {
   if (environment.IsSame(x, y)) return most >= 0;
-  const Hull minuend = HullOf(environment, x);
-  const Hull subtrahend = HullOf(environment, y);
-  if (minuend.upper - subtrahend.lower <= most) return true;
-  if (minuend.lower - subtrahend.upper > most) return false;
-  return std::nullopt;
+  return IsBounded(HullOf(environment, x), HullOf(environment, y), most);
 }
 
 // argument x - argument y <= most. The upper bound of the one and the lower bound of the other do
 // not meet again, so that one pass is enough.
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, unsigned x, unsigned y,
                            std::int64_t most) {
-  const auto before = IsBounded(environment, x, y, most);
-  if (before) return *before ? kKivEntailed : kKivContradiction;
-  const std::int64_t greatest = HullOf(environment, y).upper + most;
-  const std::int64_t least = HullOf(environment, x).lower - most;
+  if (environment.IsSame(x, y)) return most >= 0 ? kKivEntailed : kKivContradiction;
+  const Hull minuend = HullOf(environment, x);
+  const Hull subtrahend = HullOf(environment, y);
+  if (const auto bounded = IsBounded(minuend, subtrahend, most)) {
+    return *bounded ? kKivEntailed : kKivContradiction;
+  }
+  const Hull below{-Hull::kUnbounded, subtrahend.upper + most};
+  const Hull above{minuend.lower - most, Hull::kUnbounded};
+  const bool lowers_x = minuend.upper > below.upper;
+  const bool raises_y = subtrahend.lower < above.lower;
+  if (!lowers_x && !raises_y) return kKivAtFixpoint;
   KivOmbiFilterResult overflow = 0;
-  for (const auto& [i, hull] : {std::pair{x, Hull{-Hull::kUnbounded, greatest}},
-                                std::pair{y, Hull{least, Hull::kUnbounded}}}) {
-    const auto result = NarrowToHull(environment, i, hull);
+  for (const auto& [i, hull, narrows] :
+       {std::tuple{x, below, lowers_x}, std::tuple{y, above, raises_y}}) {
+    const auto result = narrows ? NarrowToHull(environment, i, hull) : 0;
     if ((result & kKivContradiction) != 0) return result;
     overflow |= result;
   }
-  const bool holds = IsBounded(environment, x, y, most) == true;
+  const bool holds = IsBounded(HullOf(environment, x), HullOf(environment, y), most) == true;
   return overflow | (holds ? kKivEntailed : kKivAtFixpoint);
 }
 

@@ -38,7 +38,7 @@ KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, L
   const bool goes_on =
       (result & kKivAtFixpoint) != 0 && (result & (kKivEntailed | kKivOverflow)) == 0;
   if (!goes_on || sum.Count() > kMostSupportedTerms) return result;
-  const auto supported = NarrowToSupported(environment, sum, *limits.low);
+  const auto supported = NarrowToSupported(environment, sum, limits);
   return supported != 0 ? supported : result;
 }
 

@@ -44,7 +44,7 @@ std::optional<bool> LinearReified::Decide(const KivOmbiObjectEnvironment& enviro
 std::optional<bool> LinearReified::DecideEqual(const KivOmbiObjectEnvironment& environment) {
   if (const auto equal = sum_.Meets(environment, limits_)) return equal;
   const bool is_short = sum_.Count() <= kMostSupportedTerms;
-  if (is_short && !HasSupport(environment, sum_, constant_)) return false;
+  if (is_short && !HasSupport(environment, sum_, limits_)) return false;
   return std::nullopt;
 }
 

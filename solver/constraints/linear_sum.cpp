@@ -233,6 +233,7 @@ LinearSum::LinearSum(std::vector<std::int64_t> coefficients)
   for (const std::int64_t coefficient : coefficients_) {
     const Int128 size = coefficient < 0 ? -static_cast<Int128>(coefficient) : coefficient;
     reach_ += size << 31;
+    has_units_only_ &= size == 1;
   }
 }
 

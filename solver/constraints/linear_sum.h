@@ -22,6 +22,8 @@ class LinearSum {
 
   unsigned Count() const noexcept { return static_cast<unsigned>(coefficients_.size()); }
   std::span<const std::int64_t> GetCoefficients() const noexcept { return coefficients_; }
+  // Whether all coefficients are 1 or -1.
+  bool HasUnitsOnly() const noexcept { return has_units_only_; }
   // The cost of a run over all arguments.
   KivOmbiConstraint::Cost GetCost() const noexcept;
 
@@ -58,6 +60,7 @@ class LinearSum {
 
   std::vector<std::int64_t> coefficients_;
   OpenTerms terms_;
+  bool has_units_only_ = true;
   Int128 reach_;  // no sum of 32-bit values is further from 0
 };
 

@@ -93,8 +93,9 @@ class Marks {
 template <class Wide>
 class Triples {
  public:
-  Triples(const KivOmbiObjectEnvironment& environment, const LinearSum& sum, Int128 constant)
-      : environment_(environment), constant_(static_cast<Wide>(sum.ClampToReach(constant))) {
+  Triples(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+          const LinearSum::Limits& limits)
+      : environment_(environment), constant_(static_cast<Wide>(*limits.low)) {
     unsigned largest = 0;
     for (unsigned i = 1; i < sum.Count(); ++i) {
       if (Size(i) > Size(largest)) largest = i;
@@ -246,42 +247,42 @@ class Triples {
 // Whether the bounds tell all: a sum without coefficients over domains without gaps has every value
 // between its bounds.
 bool HasNoGaps(const KivOmbiObjectEnvironment& environment, const LinearSum& sum) {
+  if (!sum.HasUnitsOnly()) return false;
   for (unsigned i = 0; i < sum.Count(); ++i) {
-    const std::int64_t coefficient = sum.GetCoefficients()[i];
-    if ((coefficient != 1 && coefficient != -1) || !IsFull(environment.Summary(i))) return false;
+    if (!IsFull(environment.Summary(i))) return false;
   }
   return true;
 }
 
 template <class Wide>
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-                           Int128 constant) {
-  Triples<Wide> triples(environment, sum, constant);
+                           const LinearSum::Limits& limits) {
+  Triples<Wide> triples(environment, sum, limits);
   return triples.AreFew() ? triples.Narrow() : 0;
 }
 
 template <class Wide>
 bool IsPossible(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-                Int128 constant) {
-  Triples<Wide> triples(environment, sum, constant);
+                const LinearSum::Limits& limits) {
+  Triples<Wide> triples(environment, sum, limits);
   return !triples.AreFew() || triples.AreThereAny();
 }
 
 }  // namespace
 
 KivOmbiFilterResult NarrowToSupported(const KivOmbiObjectEnvironment& environment,
-                                      const LinearSum& sum, Int128 constant) {
+                                      const LinearSum& sum, const LinearSum::Limits& limits) {
   if (HasNoGaps(environment, sum)) return 0;
-  if (const auto result = NarrowUnitSum(environment, sum, constant)) return *result;
-  return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, constant)
-                        : Narrow<Int128>(environment, sum, constant);
+  if (const auto result = NarrowUnitSum(environment, sum, limits.narrow_low)) return *result;
+  return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, limits)
+                        : Narrow<Int128>(environment, sum, limits);
 }
 
 bool HasSupport(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-                Int128 constant) {
+                const LinearSum::Limits& limits) {
   if (HasNoGaps(environment, sum)) return true;
-  return sum.IsNarrow() ? IsPossible<std::int64_t>(environment, sum, constant)
-                        : IsPossible<Int128>(environment, sum, constant);
+  return sum.IsNarrow() ? IsPossible<std::int64_t>(environment, sum, limits)
+                        : IsPossible<Int128>(environment, sum, limits);
 }
 
 }  // namespace kiv

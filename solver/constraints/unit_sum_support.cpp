@@ -14,50 +14,41 @@ namespace kiv {
 namespace {
 
 constexpr unsigned kWord = 64;
-constexpr unsigned kMostPlaces = 1024;
-// With one behind, so that a word can be read from any place.
-constexpr unsigned kMostWords = kMostPlaces / kWord + 1;
-using Words = std::array<std::uint64_t, kMostWords>;
+// Most domains of a search have their values in so few places that one word holds them.
+constexpr unsigned kMostWords = 16;
+constexpr unsigned kNobody = ~0u;
 
 // The integers that offset + value can be, or offset - value, over the values of an argument: a bit
 // for each place from the least of them on.
+template <unsigned kWords>
 class PlacedValues {
  public:
-  static constexpr unsigned kNobody = ~0u;
-
-  // What stands for no argument is the number 0. False when there are too many places.
-  bool Choose(const KivOmbiObjectEnvironment& environment, unsigned argument, bool is_negated,
-              std::int64_t offset) {
-    const KivOmbiDomainSummary& summary = environment.Summary(argument);
-    const std::int64_t places = std::int64_t{summary.upper} - summary.lower + 1;
-    if (!IsListable(summary) || places > kMostPlaces) return false;
-    argument_ = argument;
-    is_negated_ = is_negated;
-    offset_ = offset;
-    least_ = offset + (is_negated ? -std::int64_t{summary.upper} : summary.lower);
-    places_ = static_cast<unsigned>(places);
-    count_ = summary.cardinality;
-    return true;
-  }
-  void Load(const KivOmbiObjectEnvironment& environment) {
+  // Of listable argument `argument`, whose bounds are not further apart than there are places; what
+  // stands for no argument is the number 0.
+  PlacedValues(const KivOmbiObjectEnvironment& environment, unsigned argument, bool is_negated,
+               std::int64_t offset)
+      : argument_(argument), is_negated_(is_negated) {
+    std::uint32_t count = 1;
+    if (argument != kNobody) {
+      const KivOmbiDomainSummary& summary = environment.Summary(argument);
+      first_ = is_negated ? summary.upper : summary.lower;
+      places_ = static_cast<unsigned>(summary.upper - summary.lower) + 1;
+      count = summary.cardinality;
+    }
+    least_ = offset + (is_negated ? -std::int64_t{first_} : first_);
     std::fill_n(words_.begin(), CountWords() + 1, std::uint64_t{0});
     std::fill_n(supported_.begin(), CountWords() + 1, std::uint64_t{0});
-    if (argument_ == kNobody) {
-      words_[0] = 1;
-    } else if (count_ == places_) {
-      std::fill_n(words_.begin(), CountWords(), ~std::uint64_t{0});
-      if (places_ % kWord != 0) words_[CountWords() - 1] >>= kWord - places_ % kWord;
+    if (count == places_) {
+      SetAll();
     } else {
-      ForEachValue(environment, argument_, [&](std::int32_t value) {
-        const std::int64_t number = offset_ + (is_negated_ ? -std::int64_t{value} : value);
-        const auto place = static_cast<unsigned>(number - least_);
+      ForEachValue(environment, argument, [&](std::int32_t value) {
+        const auto place = static_cast<unsigned>(is_negated_ ? first_ - value : value - first_);
         words_[place / kWord] |= std::uint64_t{1} << place % kWord;
       });
     }
   }
 
-  unsigned Count() const { return count_; }
-  unsigned CountWords() const { return (places_ + kWord - 1) / kWord; }
+  unsigned CountWords() const { return kWords == 1 ? 1 : (places_ + kWord - 1) / kWord; }
   std::int64_t Least() const { return least_; }
   std::uint64_t Word(unsigned w) const { return words_[w]; }
 
@@ -82,13 +73,12 @@ class PlacedValues {
   // Keeps the supported values of the argument.
   KivOmbiFilterResult Keep(const KivOmbiObjectEnvironment& environment) const {
     if (argument_ == kNobody) return 0;
-    std::array<std::int32_t, kMostPlaces> lost;
+    std::array<std::int32_t, kWords * kWord> lost;
     unsigned count = 0;
     for (unsigned w = 0; w < CountWords(); ++w) {
       for (std::uint64_t bits = words_[w] & ~supported_[w]; bits != 0; bits &= bits - 1) {
-        const std::int64_t number = least_ + w * kWord + std::countr_zero(bits);
-        lost[count++] =
-            static_cast<std::int32_t>(is_negated_ ? offset_ - number : number - offset_);
+        const auto place = static_cast<std::int32_t>(w * kWord) + std::countr_zero(bits);
+        lost[count++] = is_negated_ ? first_ - place : first_ + place;
       }
     }
     if (count == 0) return 0;
@@ -97,56 +87,54 @@ class PlacedValues {
   }
 
  private:
+  void SetAll() {
+    std::fill_n(words_.begin(), CountWords(), ~std::uint64_t{0});
+    if (places_ % kWord != 0) words_[CountWords() - 1] >>= kWord - places_ % kWord;
+  }
+
   static std::pair<unsigned, unsigned> Split(std::int64_t place) {
     return {static_cast<unsigned>(place) / kWord, static_cast<unsigned>(place) % kWord};
   }
 
-  unsigned argument_ = kNobody;
-  bool is_negated_ = false;
-  std::int64_t offset_ = 0;
-  std::int64_t least_ = 0;
+  // With one behind, so that a word can be read from any place.
+  using Words = std::array<std::uint64_t, kWords + 1>;
+
+  unsigned argument_;
+  bool is_negated_;
+  std::int32_t first_ = 0;  // the value in the first place
+  std::int64_t least_;      // the number that stands there
   unsigned places_ = 1;
-  unsigned count_ = 1;
   Words words_;
   Words supported_;
 };
 
-bool IsUnit(std::int64_t coefficient) { return coefficient == 1 || coefficient == -1; }
+// The terms of a sum by their number of values; a missing one stands in front.
+using TermOrder = std::array<unsigned, 3>;
 
-}  // namespace
+unsigned CountValues(const KivOmbiObjectEnvironment& environment, unsigned i) {
+  return i == kNobody ? 0u : environment.Summary(i).cardinality;
+}
+
+TermOrder OrderOf(const KivOmbiObjectEnvironment& environment, unsigned terms) {
+  TermOrder order{kNobody, 0, 1};
+  if (terms == 3) order[0] = 2;
+  for (const auto& [i, j] : {std::pair{0, 1}, std::pair{1, 2}, std::pair{0, 1}}) {
+    if (CountValues(environment, order[i]) > CountValues(environment, order[j])) {
+      std::swap(order[i], order[j]);
+    }
+  }
+  return order;
+}
 
 // The equation reads a + b = d; a has the fewest values. For each of them b is shifted onto d: what
 // meets there supports all three.
-std::optional<KivOmbiFilterResult> NarrowUnitSum(const KivOmbiObjectEnvironment& environment,
-                                                 const LinearSum& sum, Int128 constant) {
-  const auto coefficients = sum.GetCoefficients();
-  if (coefficients.size() < 2 || coefficients.size() > 3) return std::nullopt;
-  if (!std::ranges::all_of(coefficients, IsUnit)) return std::nullopt;
-
-  // Terms by their number of values; a missing one stands in front.
-  std::array<unsigned, 3> order{PlacedValues::kNobody, 0, 1};
-  if (coefficients.size() == 3) order[0] = 2;
-  const auto size = [&](unsigned i) {
-    return i == PlacedValues::kNobody ? 0u : environment.Summary(i).cardinality;
-  };
-  std::ranges::sort(order, {}, size);
-  const std::uint64_t pairs = std::uint64_t{std::max(size(order[0]), 1u)} * size(order[1]);
-  if (pairs > kMostPairs) return std::nullopt;
-
-  PlacedValues a;
-  PlacedValues b;
-  PlacedValues d;
-  const auto right_side = static_cast<std::int64_t>(sum.ClampToReach(constant));
-  if (order[0] != PlacedValues::kNobody &&
-      !a.Choose(environment, order[0], coefficients[order[0]] < 0, 0)) {
-    return std::nullopt;
-  }
-  if (!b.Choose(environment, order[1], coefficients[order[1]] < 0, 0) ||
-      !d.Choose(environment, order[2], coefficients[order[2]] > 0, right_side)) {
-    return std::nullopt;
-  }
-  for (PlacedValues* term : {&a, &b, &d}) term->Load(environment);
-
+template <unsigned kWords>
+KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+                           std::int64_t constant, const TermOrder& order) {
+  const auto is_negative = [&](unsigned i) { return i != kNobody && sum.GetCoefficients()[i] < 0; };
+  PlacedValues<kWords> a(environment, order[0], is_negative(order[0]), 0);
+  PlacedValues<kWords> b(environment, order[1], is_negative(order[1]), 0);
+  PlacedValues<kWords> d(environment, order[2], !is_negative(order[2]), constant);
   for (unsigned w = 0; w < a.CountWords(); ++w) {
     for (std::uint64_t bits = a.Word(w); bits != 0; bits &= bits - 1) {
       const std::int64_t place = w * kWord + std::countr_zero(bits);
@@ -162,10 +150,30 @@ std::optional<KivOmbiFilterResult> NarrowUnitSum(const KivOmbiObjectEnvironment&
       if (found) a.Support(place, 1);
     }
   }
-  for (const PlacedValues* term : {&a, &b, &d}) {
+  for (const auto* term : {&a, &b, &d}) {
     if (const auto result = term->Keep(environment)) return result;
   }
   return 0;
+}
+
+}  // namespace
+
+std::optional<KivOmbiFilterResult> NarrowUnitSum(const KivOmbiObjectEnvironment& environment,
+                                                 const LinearSum& sum, std::int64_t constant) {
+  if (sum.Count() < 2 || sum.Count() > 3 || !sum.HasUnitsOnly()) return std::nullopt;
+  std::int64_t most_places = 0;
+  for (unsigned i = 0; i < sum.Count(); ++i) {
+    const KivOmbiDomainSummary& summary = environment.Summary(i);
+    if (!IsListable(summary)) return std::nullopt;
+    most_places = std::max(most_places, std::int64_t{summary.upper} - summary.lower + 1);
+  }
+  if (most_places > kMostWords * kWord) return std::nullopt;
+  const TermOrder order = OrderOf(environment, sum.Count());
+  const std::uint64_t pairs = std::uint64_t{std::max(CountValues(environment, order[0]), 1u)} *
+                              CountValues(environment, order[1]);
+  if (pairs > kMostPairs) return std::nullopt;
+  return most_places <= kWord ? Narrow<1>(environment, sum, constant, order)
+                              : Narrow<kMostWords>(environment, sum, constant, order);
 }
 
 }  // namespace kiv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 
 #include "framework/abstract_types/constraint.h"
@@ -12,6 +13,6 @@ namespace kiv {
 // that one value of a term leaves for the others are found by shifting them. None, with nothing
 // done, for other sums, and where a kind does not list its values.
 std::optional<KivOmbiFilterResult> NarrowUnitSum(const KivOmbiObjectEnvironment& environment,
-                                                 const LinearSum& sum, Int128 constant);
+                                                 const LinearSum& sum, std::int64_t constant);
 
 }  // namespace kiv

@@ -51,6 +51,15 @@ TEST_F(Posting, ChoosesTheClassByTheRelation) {
   }
 }
 
+TEST_F(Posting, ADisequalityOfADifferenceHasAClassOfItsOwn) {
+  EXPECT_EQ(Posted({{1, x_}, {-1, y_}}, LinearRelation::kUnequal, 1), "kiv::UnequalDifference/2");
+  EXPECT_EQ(Posted({{-3, x_}, {3, y_}}, LinearRelation::kUnequal, 21), "kiv::UnequalDifference/2");
+  Restrict(network_, y_, {-7});
+  Restrict(network_, x_, {-14, -7});
+  ASSERT_EQ(network_.Propagate(), Outcome::kFixpoint);
+  EXPECT_EQ(Text(network_, x_), "[-13, -7]");
+}
+
 TEST_F(Posting, MergesRepeatedVariablesAndDropsWhatAddsNothing) {
   const auto z = Add("int", {});
   EXPECT_EQ(Posted({{1, y_}, {2, x_}, {0, z}, {3, y_}}, LinearRelation::kEqual, 2),
