@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <functional>
 
 #include "enum_integers/kernels/byte_map.h"
 #include "enum_integers/kernels/candidate_table.h"
 #include "enum_integers/kernels/collections.h"
+#include "enum_integers/kernels/distinct_candidates.h"
 #include "enum_integers/kernels/values.h"
 
 namespace kiv::kernels {
@@ -23,18 +23,22 @@ auto CollectProducts(Values x, Values y, std::uint32_t cap, Take take) {
   const std::int64_t x_high = x.back();
   const auto [lowest, highest] =
       std::minmax({x_low * y.front(), x_low * y.back(), x_high * y.front(), x_high * y.back()});
-  const bool is_clamped = lowest < SubIntBase::kMin || highest > SubIntBase::kMax;
-  if (is_clamped || HasInfinity(x) || HasInfinity(y)) {
-    const auto multiply = [](std::int32_t a, std::int32_t b) { return base_mult(a, b).GetValue(); };
-    return CollectInOrder(x, y, cap, multiply, take);
+  const auto in_order = [&](auto multiply) { return CollectInOrder(x, y, cap, multiply, take); };
+  if (HasInfinity(x) || HasInfinity(y)) {
+    return in_order([](std::int32_t a, std::int32_t b) { return base_mult(a, b).GetValue(); });
   }
-  const auto in_order = [&] { return CollectInOrder(x, y, cap, std::multiplies(), take); };
-  if (!ByteMap::Suits(lowest, highest, candidates)) return in_order();
+  const auto multiply = [](std::int64_t a, std::int64_t b) {
+    return SubIntBase::Clamp(a * b).GetValue();
+  };
+  const bool is_clamped = lowest < SubIntBase::kMin || highest > SubIntBase::kMax;
+  if (is_clamped || !ByteMap::Suits(lowest, highest, candidates)) {
+    return ProveTooMany(x, y, cap, multiply) ? take(AnyCollection()) : in_order(multiply);
+  }
   ByteMap products(lowest, highest);
   for (const std::int64_t a : x) {
     for (const std::int32_t b : y) products.Add(a * b);
   }
-  return TakeUnlessFull(products, candidates, cap, take, in_order);
+  return TakeUnlessFull(products, candidates, cap, take, [&] { return in_order(multiply); });
 }
 
 }  // namespace kiv::kernels

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <numeric>
 
 #include "enum_integers/kernels/byte_map.h"
 #include "enum_integers/kernels/candidate_table.h"
@@ -29,11 +30,12 @@ class Dividends {
            std::min<std::uint64_t>(kEntriesPerValue * values.size() + 64, kMaxEntries)) {
       ++shift_;
     }
-    std::uint64_t entry = 0;
-    for (std::uint32_t i = 0; i < values.size(); ++i) {
-      const std::uint64_t end = OffsetOf(values[i]) >> shift_;
-      for (; entry <= end; ++entry) below_[entry] = i;
-    }
+    // How many values are in the entry before, and then in all of them, without a branch.
+    const std::uint64_t entries = (width >> shift_) + 1;
+    std::fill_n(below_.begin(), entries + 1, 0);
+    for (const std::int32_t v : values) ++below_[(OffsetOf(v) >> shift_) + 1];
+    std::partial_sum(below_.begin(), below_.begin() + static_cast<std::ptrdiff_t>(entries),
+                     below_.begin());
   }
 
   // Adds sign * q to `quotients` for every quotient q by m. Stops when that returns false.
@@ -81,7 +83,8 @@ class Dividends {
 
   Values values_;
   unsigned shift_ = 0;
-  std::array<std::uint32_t, kMaxEntries> below_;  // values in entries before that of the position
+  std::array<std::uint32_t, kMaxEntries + 1>
+      below_;  // values in entries before that of the position
 };
 
 // Quotients in a map or, where their window is wide, in a table; `Add` gives false once it is clear

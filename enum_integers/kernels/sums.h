@@ -9,6 +9,7 @@
 #include "enum_integers/kernels/bit_window.h"
 #include "enum_integers/kernels/candidate_table.h"
 #include "enum_integers/kernels/collections.h"
+#include "enum_integers/kernels/distinct_candidates.h"
 #include "enum_integers/kernels/runs.h"
 #include "enum_integers/kernels/values.h"
 
@@ -59,7 +60,7 @@ auto CollectPlainSums(Values x, Values y, std::uint32_t cap, Take take, InOrder 
     for (const std::int32_t distance : distances) sums.AddMoved(bits, distance);
     return TakeUnlessFull(sums, candidates, cap, take, in_order);
   }
-  return in_order();
+  return ProveTooMany(x, y, cap, std::plus()) ? take(AnyCollection()) : in_order();
 }
 
 template <class Take>

@@ -115,6 +115,26 @@ TEST(EnumInteger, AssigningAnEqualSetTakesItsFlag) {
   EXPECT_EQ(Flag(domain), 0);
 }
 
+// Few values are copied in another way than many, and sets of any size meet room of any size.
+TEST(EnumInteger, AssignsSetsOfAnySize) {
+  constexpr std::int32_t kSizes[] = {0,  1,  2,  3,  4,  5,  7,  8,  9,   15,  16,  17,  20,
+                                     21, 22, 31, 32, 33, 63, 64, 65, 100, 511, 512, 513, 1024};
+  for (const std::int32_t before : kSizes) {
+    for (const std::int32_t after : kSizes) {
+      SCOPED_TRACE(testing::Message() << after << " values for " << before);
+      KivOmbEnumInteger domain = Range(-before, -1);
+      const KivOmbEnumInteger other = Range(5, after + 4);
+      domain = other;
+      ASSERT_EQ(domain.Count(), static_cast<unsigned>(after));
+      for (std::int32_t i = 0; i < after; ++i) {
+        ASSERT_EQ(domain.GetValue(static_cast<unsigned>(i)), i + 5);
+      }
+      ASSERT_EQ(Flag(domain), Flag(other));
+      ASSERT_EQ(domain.GetDelta(), other.GetDelta());
+    }
+  }
+}
+
 TEST(EnumInteger, AssigningItselfChangesNothing) {
   KivOmbEnumInteger set = SetLeftAny({1, 2});
   const KivOmbEnumInteger& same = set;

@@ -23,6 +23,21 @@ TEST(Identity, DynamicCastTellsKindsApart) {
   EXPECT_EQ(KivOmbSingleInteger::DynamicCast(&domain), nullptr);
 }
 
+class DerivedDomain : public KivOmbEnumInteger {};
+
+TEST(Identity, DynamicCastTakesWhatIsDerivedFromTheKind) {
+  DerivedDomain derived;
+  EXPECT_EQ(KivOmbEnumInteger::DynamicCast(static_cast<KivOmbiBase*>(&derived)), &derived);
+  derived.SetExactValue(7);
+  KivOmbEnumInteger domain;
+  KivOmbiAny& target = domain;
+  EXPECT_EQ(target.CalcEqualValue(derived), 1);
+  domain.Insert(9);
+  EXPECT_EQ(target.CalcLessOrEqualValue(derived), 1);
+  EXPECT_EQ(domain.CheckDefined(), 1);
+  EXPECT_EQ(domain.GetFirstL(), 7);
+}
+
 TEST(Identity, StaticCastGivesTheSameObject) {
   KivOmbEnumInteger domain;
   const KivOmbEnumInteger& constant = domain;
