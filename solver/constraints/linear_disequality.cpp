@@ -10,33 +10,41 @@ namespace {
 
 const KivOmbiConstraintDescriptor descriptor("kiv::LinearDisequality", 0, 0, true);
 
-// The first argument from `from` on that is not fixed, below `count`, or `count`.
-unsigned FindOpen(const KivOmbiObjectEnvironment& environment, unsigned from, unsigned count) {
-  while (from < count && environment.Summary(from).IsFixed()) ++from;
-  return from;
-}
+// The first two arguments that are not fixed.
+struct OpenPair {
+  static constexpr unsigned kNone = ~0u;
+  unsigned first = kNone;
+  unsigned second = kNone;
+};
 
-// The sum is not `constant`, where all arguments but `open` are fixed, or all when that is none.
+// The sum is not `constant`. Tells which arguments are open: with two nothing is to be done yet.
 template <class Wide>
-KivOmbiFilterResult NarrowLast(const KivOmbiObjectEnvironment& environment,
-                               std::span<const std::int64_t> coefficients, Wide constant,
-                               unsigned open) {
+KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
+                           std::span<const std::int64_t> coefficients, Wide constant,
+                           OpenPair& open) {
   Wide rest = constant;
   for (unsigned i = 0; i < coefficients.size(); ++i) {
-    if (i != open) rest -= static_cast<Wide>(coefficients[i]) * environment.Summary(i).lower;
+    const KivOmbiDomainSummary& summary = environment.Summary(i);
+    if (summary.IsFixed()) {
+      rest -= static_cast<Wide>(coefficients[i]) * summary.lower;
+    } else if (open.first == OpenPair::kNone) {
+      open.first = i;
+    } else {
+      open.second = i;
+      return kKivAtFixpoint;
+    }
   }
-  if (open == coefficients.size()) return rest != 0 ? kKivEntailed : kKivContradiction;
-  const auto divisor = static_cast<Wide>(coefficients[open]);
+  if (open.first == OpenPair::kNone) return rest != 0 ? kKivEntailed : kKivContradiction;
+  const auto divisor = static_cast<Wide>(coefficients[open.first]);
   if (rest % divisor != 0) return kKivEntailed;
-  return Exclude(environment, open, ToHullBound(rest / divisor));
+  return Exclude(environment, open.first, ToHullBound(rest / divisor));
 }
 
-// For a sum of which at most argument `open` is not fixed.
-KivOmbiFilterResult NarrowLast(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-                               const LinearSum::Limits& limits, unsigned open) {
+KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
+                           const LinearSum::Limits& limits, OpenPair& open) {
   const auto coefficients = sum.GetCoefficients();
-  return sum.IsNarrow() ? NarrowLast(environment, coefficients, limits.narrow_low, open)
-                        : NarrowLast(environment, coefficients, *limits.low, open);
+  return sum.IsNarrow() ? Narrow(environment, coefficients, limits.narrow_low, open)
+                        : Narrow(environment, coefficients, *limits.low, open);
 }
 
 }  // namespace
@@ -57,14 +65,13 @@ void LinearDisequality::ActivateByArgument(unsigned index, std::int64_t events,
 std::int64_t LinearDisequality::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
   const auto is_open = [&](unsigned i) { return i != kNone && !environment.Summary(i).IsFixed(); };
   if (is_open(watched_[0]) && is_open(watched_[1])) return kKivAtFixpoint;
-  const unsigned first = FindOpen(environment, 0, sum_.Count());
-  const unsigned second = FindOpen(environment, first + 1, sum_.Count());
-  if (second < sum_.Count()) {
-    watched_ = {first, second};
-    return kKivAtFixpoint;
+  OpenPair open;
+  const auto result = Narrow(environment, sum_, limits_, open);
+  if (open.second != kNone) {
+    watched_ = {open.first, open.second};
+  } else if (result == kKivAtFixpoint) {
+    stuck_ = open.first;
   }
-  const auto result = NarrowLast(environment, sum_, limits_, first);
-  if (result == kKivAtFixpoint) stuck_ = first;
   return result;
 }
 
@@ -80,9 +87,8 @@ bool LinearDisequality::Holds(std::span<const std::int64_t> values) const {
 
 KivOmbiFilterResult NarrowToUnequal(const KivOmbiObjectEnvironment& environment,
                                     const LinearSum& sum, const LinearSum::Limits& limits) {
-  const unsigned first = FindOpen(environment, 0, sum.Count());
-  const bool has_other = FindOpen(environment, first + 1, sum.Count()) < sum.Count();
-  return has_other ? kKivAtFixpoint : NarrowLast(environment, sum, limits, first);
+  OpenPair open;
+  return Narrow(environment, sum, limits, open);
 }
 
 }  // namespace kiv
