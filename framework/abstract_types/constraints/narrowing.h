@@ -17,14 +17,14 @@
 // - An operand of another kind is first converted, by CalcEqualValue on an Any domain of the wanted
 //   kind; a kind's Assign may lose everything.
 // - A kind that cannot hold the operand (an interval of a million values, say) leaves the
-// conversion
-//   Any; then the bounds of the operands still tell the bounds of the target.
+//   conversion Any; then the bounds of the operands still tell the bounds of the target.
 // - The strict order of a kind may cut one value too many, so that strict bounds are set as weak
-// ones
-//   of the neighbouring integer.
+//   ones of the neighbouring integer.
 // - Bounds at the ends of the integers stand for "no bound", and a set of candidates that holds
-// such
-//   an end is only a part of what is possible: an unknown target stays unknown.
+//   such an end is only a part of what is possible: an unknown target stays unknown.
+//
+// A step that changes nothing costs a comparison of bounds; one that does, a call of the kind and
+// the waking of the constraints concerned.
 namespace kiv {
 
 // The bounds of a domain; those at the ends of the integers are no bounds.
