@@ -18,6 +18,7 @@
 #include "framework/abstract_types/integer.h"
 #include "framework/calculator/module_manager.h"
 #include "solver/constraints/clause.h"
+#include "solver/constraints/element_of_variables.h"
 #include "solver/constraints/linear_posting.h"
 #include "solver/constraints/post_all_different.h"
 #include "solver/language/vocabulary.h"
@@ -63,6 +64,13 @@ void Relate(KivOmbNetwork& network, const char* symbol, VariableId left, Variabl
   const auto* row = Vocabulary().GetOperators().Resolve(
       symbol, {&network.GetKind(left), &network.GetKind(right)});
   network.Post(*row, left, right, KivOmbNetwork::kNone);
+}
+
+void Operate(KivOmbNetwork& network, const char* symbol, VariableId left, VariableId right,
+             VariableId result) {
+  const auto* row = Vocabulary().GetOperators().Resolve(
+      symbol, {&network.GetKind(left), &network.GetKind(right)});
+  network.Post(*row, left, right, result);
 }
 
 // Bytes that the heap of this process has given out, with its own overhead.
@@ -128,6 +136,16 @@ const std::vector<ConstraintCase>& ConstraintCases() {
        [](KivOmbNetwork& n, const Variables& v) { PostSum(n, v, 10, kEqual); }},
       {"sum of 10 <= 0, interval int", "interval int", 99,
        [](KivOmbNetwork& n, const Variables& v) { PostSum(n, v, 10, kLessOrEqual); }},
+      {"x * y = z, interval int", "interval int", 99,
+       [](KivOmbNetwork& n, const Variables& v) { Operate(n, "*", v[0], v[1], v[2]); }},
+      {"x * y = z, enum int", "enum int", 29,
+       [](KivOmbNetwork& n, const Variables& v) { Operate(n, "*", v[0], v[1], v[2]); }},
+      {"x mod y = z, interval int", "interval int", 99,
+       [](KivOmbNetwork& n, const Variables& v) { Operate(n, "mod", v[0], v[1], v[2]); }},
+      {"x mod y = z, enum int", "enum int", 29,
+       [](KivOmbNetwork& n, const Variables& v) { Operate(n, "mod", v[0], v[1], v[2]); }},
+      {"element of 8, enum int", "enum int", 9,
+       [](KivOmbNetwork& n, const Variables& v) { n.Emplace<kiv::ElementOfVariables>(v); }},
       {"clause of 10, bool", "bool", 1,
        [](KivOmbNetwork& n, const Variables& v) { n.Emplace<kiv::Clause>(v, 5u); }},
       {"clause of 10, 0 or 1", "interval int", 1,
@@ -159,17 +177,26 @@ void MeasureConstraints() {
   }
 }
 
+// A level in which one variable of 1001 values changes: its lower bound, or one value within.
 void MeasureLevels() {
-  constexpr int kCount = 2'000;
-  for (const char* kind : {"interval int", "enum int"}) {
+  constexpr int kCount = 1'000;
+  const struct {
+    const char* name;
+    const char* kind;
+    bool cuts;
+  } cases[] = {{"level, a bound of interval int", "interval int", true},
+               {"level, a bound of enum int", "enum int", true},
+               {"level, an inner value of enum int", "enum int", false}};
+  for (const auto& [name, kind, cuts] : cases) {
     KivOmbNetwork network;
-    const VariableId variable = Add(network, kind, 1000);
+    const VariableId variable = Add(network, kind, kCount);
     const std::size_t before = BytesInUse();
-    for (int level = 0; level < kCount; ++level) {
+    for (std::int32_t level = 1; level < kCount; ++level) {
       network.PushLevel();
-      kiv::Impose(network, kiv::Literal::AtLeast(variable, level % 1000));
+      kiv::Impose(network, cuts ? kiv::Literal::AtLeast(variable, level)
+                                : kiv::Negated(kiv::Literal::Equal(variable, level)));
     }
-    PrintMemory(std::string("level, 1 change of ") + kind, BytesInUse() - before, kCount);
+    PrintMemory(name, BytesInUse() - before, kCount);
   }
 }
 

@@ -32,6 +32,7 @@ Brancher::Brancher(const KivOmbNetwork& network, const Strategy& strategy, std::
     blocks_.push_back(
         {begin, order_.size(), block.variable_choice, block.value_choice, std::nullopt});
     uses_activity_ |= block.variable_choice == VariableChoice::kActivity;
+    uses_weights_ |= block.variable_choice == VariableChoice::kDomWDeg;
   }
   for (const VariableId variable : order_) {
     const KivOmbiAny& domain = network.GetDomain(variable);
@@ -104,6 +105,7 @@ void Brancher::Learn(const KivOmbNetwork& network, KivOmbNetwork::Outcome outcom
   if (uses_activity_) activity_.NoteChanges(network);
   if (outcome != KivOmbNetwork::Outcome::kContradiction) return;
   second_cut_.reset();
+  if (!uses_weights_) return;
   const auto culprit = network.GetCulprit();
   if (!culprit) return;
   weights_.Blame(network, *culprit);

@@ -69,6 +69,7 @@ class KIV_EXPORT Brancher {
   VariableWeights weights_;
   VariableActivity activity_;
   bool uses_activity_ = false;
+  bool uses_weights_ = false;
   bool has_tournaments_ = false;
   // What changed since the root of the search, for the tournaments: it is as before again once the
   // level is taken back.
