@@ -25,7 +25,7 @@ add_library(kiv_build INTERFACE)
 target_include_directories(kiv_build INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_options(kiv_build INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 # Nobody replaces a function of a library of Kiv, so that a call within one may be inlined; a call
-# of another library goes straight to its address instead of through a stub.
+# of another library goes straight to its address, without a detour by the linkage table.
 target_compile_options(kiv_build INTERFACE -fno-semantic-interposition -fno-plt)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 reports overlapping copies inside std::string's own operator+.

@@ -13,15 +13,10 @@
 #include <random>
 #include <vector>
 
+#include "tests/framework/intervals/printed_hull.h"
 #include "tests/support/seed.h"
 
-namespace kiv {
-
-static void PrintTo(const Hull& hull, std::ostream* out) {
-  *out << "[" << hull.lower << ", " << hull.upper << "]";
-}
-
-namespace test {
+namespace kiv::test {
 namespace {
 
 constexpr std::int64_t kUnbounded = Hull::kUnbounded;
@@ -421,5 +416,4 @@ TEST_P(LargeHull, GrowsWithItsOperands) {
 }
 
 }  // namespace
-}  // namespace test
-}  // namespace kiv
+}  // namespace kiv::test

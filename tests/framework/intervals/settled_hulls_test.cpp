@@ -8,15 +8,10 @@
 #include <vector>
 
 #include "framework/intervals/hull.h"
+#include "tests/framework/intervals/printed_hull.h"
 #include "tests/support/seed.h"
 
-namespace kiv {
-
-static void PrintTo(const Hull& hull, std::ostream* out) {
-  *out << "[" << hull.lower << ", " << hull.upper << "]";
-}
-
-namespace test {
+namespace kiv::test {
 namespace {
 
 constexpr std::int64_t kUnbounded = Hull::kUnbounded;
@@ -178,5 +173,4 @@ TEST(SettledHulls, FindTheSquareRootsOfAllSizes) {
 }
 
 }  // namespace
-}  // namespace test
-}  // namespace kiv
+}  // namespace kiv::test
