@@ -42,8 +42,13 @@ void KivOmbEnumInteger::SetExactValue(std::int32_t v) {
 
 int KivOmbEnumInteger::RemoveExactValue(std::int32_t v) {
   const unsigned i = values.Find(v);
-  if (i >= Count()) return 0;
-  Without(View().subspan(i, 1)).values.DetachAt(i, 1);
+  const unsigned count = Count();
+  if (i >= count) return 0;
+  if (i == 0 || i + 1 == count) {
+    i == 0 ? Keep(1, count) : Keep(0, i);
+  } else {
+    Without(View().subspan(i, 1)).values.DetachAt(i, 1);
+  }
   return 1;
 }
 
@@ -72,7 +77,7 @@ void KivOmbEnumInteger::SetUpperBound(std::int32_t bound) {
 // Becomes Any (flag 1) or Nil (flag 0); the storage stays.
 void KivOmbEnumInteger::BecomeEmpty(int flag) {
   if (Count() == 0 && anyFlag == flag) return;
-  KivOmbEnumInteger& self = anyFlag == flag ? Without(View()) : Writable();
+  KivOmbEnumInteger& self = anyFlag == flag ? Cut(View()) : Writable();
   self.values.Flush();
   self.anyFlag = flag;
 }
@@ -106,8 +111,8 @@ void KivOmbEnumInteger::BecomeRange(std::int32_t lower, std::int32_t upper) {
 void KivOmbEnumInteger::Keep(unsigned first, unsigned end) {
   const unsigned count = Count();
   end = std::max(first, std::min(end, count));
-  if (end < count) Without(View().subspan(end)).values.Keep(0, end);
-  if (first > 0) Without(View().first(first)).values.Keep(first, end);
+  if (end < count) Cut(View().subspan(end)).values.Keep(0, end);
+  if (first > 0) Cut(View().first(first)).values.Keep(first, end);
 }
 
 // Keeps the values of the range; Nil when there are none. For a domain that holds values.

@@ -306,10 +306,17 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   // operation that changes nothing does not come here.
   KivOmbEnumInteger& Writable() {
     WillChange();
+    ++rewritten;
     return *this;
   }
   // The same for a write that takes `lost` away and nothing else.
   KivOmbEnumInteger& Without(kiv::kernels::Values lost) {
+    Cut(lost);
+    ++rewritten;  // after the announcement, by which the domain may be saved as it is
+    return *this;
+  }
+  // The same when those that stay are neighbours and keep their slots, and so do the lost ones.
+  KivOmbEnumInteger& Cut(kiv::kernels::Values lost) {
     LosesFew() ? WillLose(lost) : WillChange();
     return *this;
   }
@@ -345,6 +352,9 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
 
   KivSVectorImp_SubIntBase values;  // ascending; plus infinity alone may stand twice
   int anyFlag;                      // without values: 1 is Any, 0 is Nil
+  // How often slots were written, in the domain of a variable: while that stays the same, what it
+  // lost still stands beside what it has.
+  std::uint64_t rewritten = 0;
 };
 
 // The display name of the kind is "enum int".
@@ -363,8 +373,8 @@ class KIV_EXPORT KivOmbEnumInteger::Descriptor : public KivOmbiObjectDescriptor 
   KivOmbiObject* ConstructObject(void* memory) const override;
   std::int64_t GetObjectSize() const override;
 
-  // The state is the flag, the number of values and the values, 32 bits each; of many values
-  // without a gap among them only the first.
+  // The state tells where the values stand, in case that the domain of a variable is only cut from
+  // now on, and the values themselves; of many without a gap among them only the first.
   std::size_t SaveState(const KivOmbiObject& object, std::span<std::byte> room) const override;
   // Announces nothing, and allocates only when the domain has fewer slots than the state has
   // values.

@@ -1,7 +1,9 @@
 // What the framework knows of the kind: how to make its objects, to save and restore them while it
 // backtracks, and to sum them up.
 
+#include <cassert>
 #include <cstring>
+#include <numeric>
 
 #include "enum_integers/domain/enum_integer.h"
 #include "enum_integers/kernels/merging.h"
@@ -9,15 +11,31 @@
 
 namespace {
 
-constexpr std::size_t kWord = sizeof(std::uint32_t);
-
 // Marks the count of values of a state that holds only the first of them, the others being those
 // that follow it.
 constexpr std::uint32_t kRunBit = std::uint32_t{1} << 31;
 
+// What a saved state begins with; the values follow.
+struct StateHead {
+  const SubIntBase* slots;  // of the values, in the domain of a variable; otherwise null
+  std::uint64_t rewritten;
+  std::uint32_t count;
+  std::int32_t any_flag;
+};
+
 // Fewer values are copied as quickly as they are looked at.
 bool IsRun(kiv::kernels::Values values) {
   return values.size() > 32 && kiv::kernels::IsInterval(values);
+}
+
+// Whether `values` are those of the state.
+[[maybe_unused]] bool IsListedBy(const StateHead& head, const std::byte* listed,
+                                 kiv::kernels::Values values) {
+  const bool is_run = (head.count & kRunBit) != 0;
+  const std::size_t compared = is_run ? sizeof(SubIntBase) : values.size_bytes();
+  return values.size() == (head.count & ~kRunBit) &&
+         (!is_run || kiv::kernels::IsInterval(values)) &&
+         (values.empty() || std::memcmp(values.data(), listed, compared) == 0);
 }
 
 const KivOmbEnumInteger& DomainOf(const KivOmbiObject& object) {
@@ -68,39 +86,48 @@ std::size_t KivOmbEnumInteger::Descriptor::SaveState(const KivOmbiObject& object
   const KivOmbEnumInteger& domain = DomainOf(object);
   const auto values = domain.View();
   const bool is_run = IsRun(values);
-  const std::size_t size = 2 * kWord + (is_run ? kWord : values.size_bytes());
+  const std::size_t listed = is_run ? sizeof(SubIntBase) : values.size_bytes();
+  const std::size_t size = sizeof(StateHead) + listed;
   if (size > room.size()) return size;
-  const std::uint32_t count = domain.Count() | (is_run ? kRunBit : 0);
-  std::memcpy(room.data(), &domain.anyFlag, kWord);
-  std::memcpy(room.data() + kWord, &count, kWord);
-  if (!values.empty()) std::memcpy(room.data() + 2 * kWord, values.data(), size - 2 * kWord);
+  const StateHead head{domain.HasOwner() ? &domain.values[0] : nullptr, domain.rewritten,
+                       domain.Count() | (is_run ? kRunBit : 0), domain.anyFlag};
+  std::memcpy(room.data(), &head, sizeof(head));
+  if (listed > 0) std::memcpy(room.data() + sizeof(head), values.data(), listed);
   return size;
 }
 
 int KivOmbEnumInteger::Descriptor::RestoreState(KivOmbiObject& object, const void* state) const {
   KivOmbEnumInteger& domain = *StaticCast(&object);
-  const auto* const words = static_cast<const unsigned char*>(state);
-  std::uint32_t count;
-  std::memcpy(&count, words + kWord, kWord);
-  const bool is_run = (count & kRunBit) != 0;
-  count &= ~kRunBit;
-  SubIntBase* const slots = domain.values.Overwrite(count, domain.GetDelta());
-  if (slots == nullptr && count > 0) return 0;
-  if (is_run) {
-    std::int32_t first;
-    std::memcpy(&first, words + 2 * kWord, kWord);
-    for (std::uint32_t i = 0; i < count; ++i) slots[i] = first + static_cast<std::int32_t>(i);
-  } else if (count > 0) {
-    std::memcpy(static_cast<void*>(slots), words + 2 * kWord, count * kWord);
+  StateHead head;
+  std::memcpy(&head, state, sizeof(head));
+  const auto* const listed = static_cast<const std::byte*>(state) + sizeof(head);
+  const std::uint32_t count = head.count & ~kRunBit;
+  if (head.slots != nullptr && domain.HasOwner() && head.rewritten == domain.rewritten) {
+    domain.values.Uncover(head.slots, count);
+    assert(IsListedBy(head, listed, domain.View()));
+  } else {
+    SubIntBase* const slots = domain.values.Overwrite(count, domain.GetDelta());
+    if (slots == nullptr && count > 0) return 0;
+    if ((head.count & kRunBit) != 0) {
+      std::int32_t first;
+      std::memcpy(&first, listed, sizeof(first));
+      auto* const integers = reinterpret_cast<std::int32_t*>(slots);
+      std::iota(integers, integers + count, first);
+    } else if (count > 0) {
+      std::memcpy(static_cast<void*>(slots), listed, count * sizeof(SubIntBase));
+    }
+    ++domain.rewritten;
   }
-  std::memcpy(&domain.anyFlag, words, kWord);
+  domain.anyFlag = head.any_flag;
   return 1;
 }
 
 int KivOmbEnumInteger::Descriptor::Regain(KivOmbiObject& object,
                                           std::span<const std::int32_t> values) const {
-  return StaticCast(&object)->values.Merge(reinterpret_cast<const SubIntBase*>(values.data()),
-                                           static_cast<unsigned>(values.size()));
+  KivOmbEnumInteger& domain = *StaticCast(&object);
+  ++domain.rewritten;
+  return domain.values.Merge(reinterpret_cast<const SubIntBase*>(values.data()),
+                             static_cast<unsigned>(values.size()));
 }
 
 KivOmbiDomainSummary KivOmbEnumInteger::Descriptor::Summarize(const KivOmbiObject& object) const {

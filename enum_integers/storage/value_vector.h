@@ -111,6 +111,13 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
     factor_ = 0.0;
     return data_;
   }
+  // Has the `count` values from `first` on again, which it had, and which were only cut since: taken
+  // away by Keep and Flush.
+  void Uncover(const SubIntBase* first, unsigned count) noexcept {
+    DropFront();
+    MoveFront(static_cast<unsigned>(first - data_));
+    top_ = count;
+  }
   // Puts `count` values, ascending, between the present ones. 0 when there is no memory for them.
   int Merge(const SubIntBase* added, unsigned count) noexcept;
   // Removes `count` values that are there, ascending.

@@ -69,33 +69,17 @@ KivOmbiFilterResult Negate(const KivOmbiObjectEnvironment& environment, unsigned
   }));
 }
 
-// Argument i loses what is not between two bounds that both cut it; in one step where its kind can.
-KivOmbiFilterResult CutBothEnds(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                std::int32_t lower, std::int32_t upper) {
-  bool is_offered = true;
+// The same as Cut for finite bounds, or kMin and kMax for none, of a kind that does not offer to
+// keep what lies between.
+KivOmbiFilterResult CutByOrder(const KivOmbiObjectEnvironment& environment, unsigned i,
+                               std::int32_t lower, std::int32_t upper) {
   const bool possible = environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
-    const int result = environment.Kind(i)->KeepBetween(domain, lower, upper);
-    is_offered = result != KivOmbiObjectDescriptor::kNotOffered;
-    return is_offered ? result : 0;
+    int result = 0;
+    if (lower != kMin) result |= domain.CalcNotLessValue(Edge(environment, i, lower));
+    if (upper != kMax) result |= domain.CalcLessOrEqualValue(Edge(environment, i, upper));
+    return result;
   });
-  if (is_offered) return Verdict(possible);
-  if (const auto result = TightenLower(environment, i, lower)) return result;
-  return TightenUpper(environment, i, upper);
-}
-
-// Argument i loses what is not in `hull`, which is not beyond the integers altogether.
-KivOmbiFilterResult CutToHull(const KivOmbiObjectEnvironment& environment, unsigned i,
-                              const Hull& hull) {
-  const KivOmbiDomainSummary& summary = environment.Summary(i);
-  const bool cuts_lower = hull.lower > std::max(summary.lower, kMin);
-  const bool cuts_upper = hull.upper < std::min(summary.upper, kMax);
-  if (cuts_lower && cuts_upper) {
-    return CutBothEnds(environment, i, static_cast<std::int32_t>(hull.lower),
-                       static_cast<std::int32_t>(hull.upper));
-  }
-  return cuts_lower   ? TightenLower(environment, i, hull.lower)
-         : cuts_upper ? TightenUpper(environment, i, hull.upper)
-                      : 0;
+  return Verdict(possible);
 }
 
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, unsigned target,
@@ -109,41 +93,29 @@ KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, u
         target, [&](KivOmbiAny& domain) { return domain.CalcEqualValue(*value); }));
   }
   const KivOmbiDomainSummary hull = environment.Summary(known);
-  if (const auto result = TightenLower(environment, target, hull.lower)) return result;
-  return TightenUpper(environment, target, hull.upper);
+  return Cut(environment, target, hull.lower, hull.upper);
 }
 
 }  // namespace
 
-Hull HullOf(const KivOmbiDomainSummary& summary) {
-  return {summary.lower == kMin ? -Hull::kUnbounded : summary.lower,
-          summary.upper == kMax ? Hull::kUnbounded : summary.upper};
-}
-
-KivOmbiFilterResult TightenLower(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                 std::int64_t bound) {
+KivOmbiFilterResult Cut(const KivOmbiObjectEnvironment& environment, unsigned i, std::int64_t lower,
+                        std::int64_t upper) {
   const KivOmbiDomainSummary& summary = environment.Summary(i);
-  if (bound <= kMin || bound <= summary.lower) return 0;
-  if (bound >= kMax) return summary.upper == kMax ? 0 : Empty(environment, i);
-  return Verdict(environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
-    const int result =
-        environment.Kind(i)->KeepBetween(domain, static_cast<std::int32_t>(bound), kMax);
-    if (result != KivOmbiObjectDescriptor::kNotOffered) return result;
-    return domain.CalcNotLessValue(Edge(environment, i, bound));
-  }));
-}
-
-KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                 std::int64_t bound) {
-  const KivOmbiDomainSummary& summary = environment.Summary(i);
-  if (bound >= kMax || bound >= summary.upper) return 0;
-  if (bound <= kMin) return summary.lower == kMin ? 0 : Empty(environment, i);
-  return Verdict(environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
-    const int result =
-        environment.Kind(i)->KeepBetween(domain, kMin, static_cast<std::int32_t>(bound));
-    if (result != KivOmbiObjectDescriptor::kNotOffered) return result;
-    return domain.CalcLessOrEqualValue(Edge(environment, i, bound));
-  }));
+  const bool cuts_lower = lower > kMin && lower > summary.lower;
+  const bool cuts_upper = upper < kMax && upper < summary.upper;
+  if (!cuts_lower && !cuts_upper) return 0;
+  // An open end stands for integers beyond all bounds.
+  if (cuts_lower && lower >= kMax) return summary.upper == kMax ? 0 : Empty(environment, i);
+  if (cuts_upper && upper <= kMin) return summary.lower == kMin ? 0 : Empty(environment, i);
+  const std::int32_t least = cuts_lower ? static_cast<std::int32_t>(lower) : kMin;
+  const std::int32_t greatest = cuts_upper ? static_cast<std::int32_t>(upper) : kMax;
+  bool is_offered = true;
+  const bool possible = environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
+    const int result = environment.Kind(i)->KeepBetween(domain, least, greatest);
+    is_offered = result != KivOmbiObjectDescriptor::kNotOffered;
+    return is_offered ? result : 0;
+  });
+  return is_offered ? Verdict(possible) : CutByOrder(environment, i, least, greatest);
 }
 
 KivOmbiFilterResult Assign(const KivOmbiObjectEnvironment& environment, unsigned i,
@@ -236,7 +208,9 @@ KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment, un
     const bool excluded = candidates.lower >= kMax ? summary.upper < kMax : summary.lower > kMin;
     return excluded ? Empty(environment, target) : kKivOverflow;
   }
-  if (const auto result = CutToHull(environment, target, candidates)) return result;
+  if (const auto result = Cut(environment, target, candidates.lower, candidates.upper)) {
+    return result;
+  }
   const bool saturates = candidates.lower <= kMin || candidates.upper >= kMax;
   unknown = saturates && summary.IsAny();
   return summary.IsAny() && !saturates ? TakeCandidates(environment, target, candidates) : 0;

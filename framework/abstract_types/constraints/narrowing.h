@@ -28,17 +28,30 @@
 namespace kiv {
 
 // The bounds of a domain; those at the ends of the integers are no bounds.
-KIV_EXPORT Hull HullOf(const KivOmbiDomainSummary& summary);
+inline Hull HullOf(const KivOmbiDomainSummary& summary) {
+  return {summary.lower == SubIntBase::kMin ? -Hull::kUnbounded : summary.lower,
+          summary.upper == SubIntBase::kMax ? Hull::kUnbounded : summary.upper};
+}
 inline Hull HullOf(const KivOmbiObjectEnvironment& environment, unsigned i) {
   return HullOf(environment.Summary(i));
 }
 
-// Argument i >= bound, and <= bound. A bound at or beyond the end of the integers is none, unless
+// Argument i lies between the bounds. A bound at or beyond the end of the integers is none, unless
 // it leaves nothing.
-KIV_EXPORT KivOmbiFilterResult TightenLower(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                            std::int64_t bound);
-KIV_EXPORT KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                            std::int64_t bound);
+KIV_EXPORT KivOmbiFilterResult Cut(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                   std::int64_t lower, std::int64_t upper);
+
+// Argument i >= bound, and <= bound.
+inline KivOmbiFilterResult TightenLower(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                        std::int64_t bound) {
+  if (bound <= environment.Summary(i).lower) return 0;
+  return Cut(environment, i, bound, SubIntBase::kMax);
+}
+inline KivOmbiFilterResult TightenUpper(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                        std::int64_t bound) {
+  if (bound >= environment.Summary(i).upper) return 0;
+  return Cut(environment, i, SubIntBase::kMin, bound);
+}
 
 // Argument i = value.
 KIV_EXPORT KivOmbiFilterResult Assign(const KivOmbiObjectEnvironment& environment, unsigned i,
