@@ -92,5 +92,7 @@ KIV_EXPORT Hull Exponent(const Hull& x, const Hull& y, const Hull& z);
 KIV_EXPORT void SettleProduct(Hull& x, Hull& y, Hull& z);
 // z = x ^ exponent, by Power and Base.
 KIV_EXPORT void SettlePower(Hull& x, std::int64_t exponent, Hull& z);
+// z = x mod modulus, which is not 0, by Remainder and Dividend.
+KIV_EXPORT void SettleRemainder(Hull& x, std::int64_t modulus, Hull& z);
 
 }  // namespace kiv

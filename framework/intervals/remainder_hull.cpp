@@ -2,6 +2,7 @@
 // not matter, so that x = k * y + z with 0 <= z < y holds of the magnitudes, k being the quotient.
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "framework/intervals/bound_arithmetic.h"
 #include "framework/intervals/hull.h"
@@ -64,6 +65,35 @@ Hull ModuliOf(Hull a, Hull b, Hull c) {
   return moduli;
 }
 
+// For finite dividends from 0. Each end of them that leaves no remainder in z moves to the next one
+// that does, so that a second round is only for ends that have got the same quotient.
+void SettlePositiveRemainder(Hull& x, std::int64_t modulus, Hull& z) {
+  const Hull all{0, modulus - 1};
+  for (;;) {
+    const bool is_wide = x.upper - x.lower >= modulus;
+    // Then every remainder stays, and nothing has to be divided.
+    if (is_wide && z.lower <= 0 && z.upper >= all.upper) {
+      z = all;
+      return;
+    }
+    const std::int64_t least = x.lower / modulus * modulus;
+    if (x.upper - least < modulus) {
+      z = Intersection(z, {x.lower - least, x.upper - least});
+      x = {least + z.lower, least + z.upper};
+      return;
+    }
+    z = Intersection(z, all);
+    if (z.IsEmpty() || z == all) return;
+    const Hull before = x;
+    std::int64_t multiple = x.lower > least + z.upper ? least + modulus : least;
+    x.lower = std::max(x.lower, multiple + z.lower);
+    multiple = is_wide ? x.upper / modulus * modulus : least + modulus;
+    if (x.upper < multiple + z.lower) multiple -= modulus;
+    x.upper = std::min(x.upper, multiple + z.upper);
+    if (x == before || x.IsEmpty()) return;
+  }
+}
+
 }  // namespace
 
 Hull Remainder(const Hull& x, const Hull& y) {
@@ -115,6 +145,19 @@ Hull Modulus(const Hull& x, const Hull& y, const Hull& z) {
     }
   }
   return moduli;
+}
+
+void SettleRemainder(Hull& x, std::int64_t modulus, Hull& z) {
+  modulus = std::abs(modulus);
+  if (x.lower >= 0 && IsFinite(x.upper)) return SettlePositiveRemainder(x, modulus, z);
+  const Hull moduli{modulus, modulus};
+  for (;;) {
+    z = Intersection(z, Remainder(x, moduli));
+    if (z.IsEmpty() || x.IsFixed()) return;
+    const Hull dividends = Dividend(x, moduli, z);
+    if (dividends == x) return;
+    x = dividends;
+  }
 }
 
 }  // namespace kiv

@@ -130,11 +130,9 @@ bool IsBeforeOpenEnd(const KivOmbiDomainSummary& summary, std::int64_t value) {
          (summary.lower == kMin && value == kMin + 1);
 }
 
-KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                std::int32_t value) {
-  const KivOmbiDomainSummary& summary = environment.Summary(i);
-  if (value < summary.lower || value > summary.upper) return 0;
-  if (IsBeforeOpenEnd(summary, value)) return 0;
+KivOmbiFilterResult RemoveFromWithin(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                     std::int32_t value) {
+  if (IsBeforeOpenEnd(environment.Summary(i), value)) return 0;
   return Verdict(environment.NarrowInteger(
       i, [&](KivOmbiInteger& domain) { return domain.RemoveExactValue(value); }));
 }

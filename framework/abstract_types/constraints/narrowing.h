@@ -62,8 +62,14 @@ KIV_EXPORT KivOmbiFilterResult Assign(const KivOmbiObjectEnvironment& environmen
 KIV_EXPORT bool IsBeforeOpenEnd(const KivOmbiDomainSummary& summary, std::int64_t value);
 
 // Argument i <> value, but for a value before an open end.
-KIV_EXPORT KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                           std::int32_t value);
+KIV_EXPORT KivOmbiFilterResult RemoveFromWithin(const KivOmbiObjectEnvironment& environment,
+                                                unsigned i, std::int32_t value);
+inline KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                       std::int32_t value) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  if (value < summary.lower || value > summary.upper) return 0;
+  return RemoveFromWithin(environment, i, value);
+}
 
 // Makes argument i empty.
 KIV_EXPORT KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment, unsigned i);
@@ -97,9 +103,14 @@ KIV_EXPORT const KivOmbiInteger* Carry(const KivOmbiObjectEnvironment& environme
 KIV_EXPORT KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment,
                                             unsigned target, const Hull& candidates, bool& unknown);
 
-// The same where that is all that is known of the candidates.
+// The same where that is all that is known of the candidates. Of a known target it takes a cut.
 inline KivOmbiFilterResult NarrowToHull(const KivOmbiObjectEnvironment& environment,
                                         unsigned target, const Hull& candidates) {
+  const bool has_integers = !candidates.IsEmpty() && candidates.lower < SubIntBase::kMax &&
+                            candidates.upper > SubIntBase::kMin;
+  if (has_integers && !environment.Summary(target).IsAny()) {
+    return Cut(environment, target, candidates.lower, candidates.upper);
+  }
   bool unknown = false;
   return NarrowToHull(environment, target, candidates, unknown);
 }

@@ -21,6 +21,19 @@ void NarrowBounds(std::array<kiv::Hull, kArguments>& hulls) {
   if (!y.IsFixed()) y = kiv::Modulus(x, y, z);
 }
 
+KivOmbiFilterResult NarrowToBounds(const KivOmbiObjectEnvironment& environment) {
+  if (const auto& y = environment.Summary(kY); y.IsFixed()) {
+    const auto settle = [modulus = y.lower](std::array<kiv::Hull, 2>& hulls) {
+      auto& [z, x] = hulls;
+      kiv::SettleRemainder(x, modulus, z);
+    };
+    return kiv::NarrowHulls(environment, std::array<unsigned, 2>{kZ, kX}, settle);
+  }
+  return kiv::NarrowHulls(
+      environment, std::array<unsigned, kArguments>{kZ, kX, kY},
+      [](std::array<kiv::Hull, kArguments>& hulls) { kiv::SettleHulls(hulls, NarrowBounds); });
+}
+
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
                            const KivOmbiObjectDescriptor& carrier) {
   const auto hull = [&](unsigned i) { return kiv::HullOf(environment, i); };
@@ -30,13 +43,7 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
   // A remainder is less than its modulus.
   if (environment.IsSame(kY, kZ)) return kiv::Empty(environment, kY);
   if (environment.IsSame(kX, kY)) return kiv::Assign(environment, kZ, 0);
-  if (const auto result =
-          kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY},
-                           [](std::array<kiv::Hull, kArguments>& hulls) {
-                             kiv::SettleHulls(hulls, NarrowBounds);
-                           })) {
-    return result;
-  }
+  if (const auto result = NarrowToBounds(environment)) return result;
   // A modulus that was unknown may have got a 0 since it was removed.
   if (!carrier.HoldsGaps()) return is_modulus_known ? kKivAtFixpoint : 0;
   if (const auto result = kiv::NarrowByOperation(

@@ -61,6 +61,19 @@ Settled PlainPowersOf(Settled hulls) {
   }
 }
 
+Settled RemaindersOf(Settled hulls) {
+  SettleRemainder(hulls.x, hulls.y.lower, hulls.z);
+  return hulls;
+}
+
+Settled PlainRemaindersOf(Settled hulls) {
+  for (Settled before = hulls;; before = hulls) {
+    hulls.z = Intersection(hulls.z, Remainder(hulls.x, hulls.y));
+    hulls.x = Dividend(hulls.x, hulls.y, hulls.z);
+    if (hulls == before) return hulls;
+  }
+}
+
 std::vector<Hull> HullsBetween(const std::vector<std::int64_t>& ends) {
   std::vector<Hull> hulls;
   for (std::size_t i = 0; i < ends.size(); ++i) {
@@ -103,6 +116,18 @@ TEST(SettledHulls, AreThoseOfBasesOneByOne) {
   }
 }
 
+TEST(SettledHulls, AreThoseOfDividendsOneByOne) {
+  for (const Hull& z : kResults) {
+    for (const Hull& x : HullsBetween({-kUnbounded, -20, -7, -1, 0, 1, 2, 3, 4, 7, 8, 9, 12, 13, 20,
+                                       31, kGreatest, kUnbounded})) {
+      for (const std::int64_t modulus : {-9, -2, -1, 1, 2, 3, 4, 7, 8, 13, 30, 40}) {
+        const Settled hulls{x, {modulus, modulus}, z};
+        ASSERT_EQ(RemaindersOf(hulls), PlainRemaindersOf(hulls)) << testing::PrintToString(hulls);
+      }
+    }
+  }
+}
+
 // Hulls of all sizes up to the ends of the integers, most of them positive.
 class RandomHulls {
  public:
@@ -137,6 +162,11 @@ TEST(SettledHulls, StayThoseOfTheirOperationsUpToTheEndsOfTheIntegers) {
     const std::int64_t b = random.Number(11);
     const Settled factors{random.Around(a), random.Around(b), random.Around(a * b)};
     ASSERT_EQ(ProductsOf(factors), PlainProductsOf(factors)) << testing::PrintToString(factors);
+
+    const std::int64_t modulus = random.Number(20) + 1;
+    const Settled remainders{random.Around(a), {modulus, modulus}, random.Around(a % modulus)};
+    ASSERT_EQ(RemaindersOf(remainders), PlainRemaindersOf(remainders))
+        << testing::PrintToString(remainders);
 
     const std::int64_t base = random.Number(10);
     const std::int64_t exponent = random.Uniform(1, 4);
