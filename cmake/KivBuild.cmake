@@ -18,7 +18,9 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
 find_program(KIV_CCACHE ccache)
 if(KIV_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${KIV_CCACHE}")
+  # It also keeps what is compiled with precompiled headers.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${KIV_CCACHE}")
 endif()
 
 add_library(kiv_build INTERFACE)
@@ -35,6 +37,7 @@ if(KIV_SANITIZE)
   target_compile_options(kiv_build INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer
                                              -g1)  # a report shows lines only
+  set(KIV_SANITIZED_LIBRARY_OPTIONS -O1)  # what the tests run is compiled once and runs long
   target_link_options(kiv_build INTERFACE -fsanitize=address,undefined)
 endif()
 if(KIV_FUZZ)
@@ -50,6 +53,7 @@ function(kiv_library target alias output)
   add_library(${target} SHARED ${ARGN})
   add_library(Kiv::${alias} ALIAS ${target})
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:kiv_build>)
+  target_compile_options(${target} PRIVATE ${KIV_SANITIZED_LIBRARY_OPTIONS})
   target_include_directories(
     ${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:include/kiv>)
   target_compile_features(${target} PUBLIC cxx_std_20)
