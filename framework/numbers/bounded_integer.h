@@ -62,9 +62,6 @@ class KIV_EXPORT KivOmbBoundedInteger : public KivOmbiInteger {
   int CalcFirstInversePowerValue(KivOmbiNumber& x, const KivOmbiNumber& y) const override;
   int CalcSecondInversePowerValue(const KivOmbiNumber& x, KivOmbiNumber& y) const override;
 
-  // What lies between the bounds, both included.
-  int KeepBetween(std::int32_t lower, std::int32_t upper) { return Narrow(lower, upper); }
-
  protected:
   KivOmbBoundedInteger() = default;
   explicit KivOmbBoundedInteger(KivStreamableInit init) : KivOmbiInteger(init) {}

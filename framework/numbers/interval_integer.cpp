@@ -47,10 +47,11 @@ KivStreamable* KivOmbIntervalInteger::Build(KivStreamable* object) {
 }
 
 KivOmbiDomainSummary KivOmbIntervalInteger::Summarize() const {
-  const auto state = CheckNil() != 0   ? KivOmbiDomainSummary::kNil
-                     : CheckAny() != 0 ? KivOmbiDomainSummary::kAny
-                                       : KivOmbiDomainSummary::kValues;
-  return {GetLowerBound(), GetUpperBound(), GetCardinality(), state};
+  const std::int32_t lower = value_.lower.GetValue();
+  const std::int32_t upper = value_.upper.GetValue();
+  if (lower > upper) return {lower, upper, 0, KivOmbiDomainSummary::kNil};
+  return {lower, upper, static_cast<std::uint32_t>(std::int64_t{upper} - lower + 1),
+          value_ == kAny ? KivOmbiDomainSummary::kAny : KivOmbiDomainSummary::kValues};
 }
 
 const char* KivOmbIntervalInteger::CastableID() const { return CastableIdent; }
@@ -175,10 +176,7 @@ void KivOmbIntervalInteger::Unite(const KivOmbiAny& x) {
           std::max(GetUpperBound(), operand->GetUpperBound())});
 }
 
-std::uint32_t KivOmbIntervalInteger::GetCardinality() const {
-  if (CheckNil() != 0) return 0;
-  return static_cast<std::uint32_t>(std::int64_t{GetUpperBound()} - GetLowerBound() + 1);
-}
+std::uint32_t KivOmbIntervalInteger::GetCardinality() const { return Summarize().cardinality; }
 
 void KivOmbIntervalInteger::Bisect(KivOmbiObject& other, ValueSelection selection) {
   if (CheckNil() != 0 || CheckAny() != 0) return;
@@ -244,8 +242,8 @@ KivOmbIntervalInteger::Value KivOmbIntervalInteger::ValueOf(const SubdefInt& int
 
 int KivOmbIntervalInteger::Narrow(std::int64_t lower, std::int64_t upper) {
   if (CheckNil() != 0) return 0;
-  lower = std::max<std::int64_t>(lower, GetLowerBound());
-  upper = std::min<std::int64_t>(upper, GetUpperBound());
+  lower = std::max<std::int64_t>(lower, value_.lower.GetValue());
+  upper = std::min<std::int64_t>(upper, value_.upper.GetValue());
   if (lower > upper) return Nil();
   return Become({SubIntBase::Clamp(lower), SubIntBase::Clamp(upper)});
 }

@@ -38,7 +38,7 @@ class KivOmbNumberDescriptor final : public KivOmbiObjectDescriptor {
   int KeepBetween([[maybe_unused]] KivOmbiObject& object, [[maybe_unused]] std::int32_t lower,
                   [[maybe_unused]] std::int32_t upper) const override {
     if constexpr (std::is_base_of_v<KivOmbBoundedInteger, T>) {
-      return static_cast<T&>(object).KeepBetween(lower, upper);
+      return static_cast<T&>(object).T::Narrow(lower, upper);
     } else {
       return kNotOffered;
     }
