@@ -26,8 +26,7 @@ class KIV_EXPORT Brancher {
   Brancher(const Brancher&) = delete;
   Brancher& operator=(const Brancher&) = delete;
 
-  // The decision to take at a fixpoint, asked for once at each level of the network that the search
-  // opens; none at a leaf, where nothing can be split. The variables
+  // The decision to take at a fixpoint; none at a leaf, where nothing can be split. The variables
   // before place `first_open` of the order are known to be fixed; it is moved up to the first that
   // is not.
   std::optional<Literal> Decide(KivOmbNetwork& network, std::size_t& first_open);
@@ -40,6 +39,9 @@ class KIV_EXPORT Brancher {
 
   // To be called at each node after its propagation, with what that came to.
   void Learn(const KivOmbNetwork& network, KivOmbNetwork::Outcome outcome);
+  // Whether its choices go by what changed at each node, so that every node needs a level of the
+  // network, in which nothing else changed.
+  bool FollowsChanges() const noexcept { return uses_activity_ || has_tournaments_; }
 
  private:
   struct Block {

@@ -29,8 +29,9 @@ Strategy StrategyOf(const SearchOptions& options) {
   return strategy;
 }
 
-// One run of a search. Each decision of the path, and each of its negations, has a level of the
-// network; below them the root of the search has one for what objective and nogoods conclude there.
+// One run of a search. Each decision of the path has a level of the network; below them the root of
+// the search has one for what objective and nogoods conclude there. The negation of a decision
+// holds as long as those before it do, so that it needs no level of its own.
 class SearchRun {
  public:
   SearchRun(KivOmbNetwork& network, const SearchOptions& options, const LeafReceiver& on_leaf)
@@ -68,7 +69,7 @@ class SearchRun {
       switch (outcome) {
         case Outcome::kFixpoint:
           if (const auto decision = brancher_.Decide(network_, first_open_)) {
-            path_.push_back({*decision, false, first_open_});
+            path_.push_back({.decision = *decision, .first_open = first_open_});
           } else {
             if (const auto end = TellLeaf()) return *end;
             if (options_.complete_once && brancher_.IsEnd(first_open_)) LeaveCompletion();
@@ -129,8 +130,8 @@ class SearchRun {
   // other variables were left to complete.
   void LeaveCompletion() {
     while (!path_.empty() && brancher_.IsBehindStrategy(path_.back().first_open)) {
+      if (path_.back().has_level) network_.PopLevel();
       path_.pop_back();
-      network_.PopLevel();
     }
   }
 
@@ -138,9 +139,10 @@ class SearchRun {
   // be better, and refutes it. False when there is none.
   bool Backtrack() {
     for (; !path_.empty(); path_.pop_back()) {
-      network_.PopLevel();
+      if (path_.back().has_level) network_.PopLevel();
       if (path_.back().refuted || (bound_ && bound_->Excludes(network_))) continue;
       path_.back().refuted = true;
+      path_.back().has_level = brancher_.FollowsChanges();
       return true;
     }
     return false;
@@ -149,7 +151,7 @@ class SearchRun {
   // Enters the last branching of the path.
   void Enter() {
     const Branching& branching = path_.back();
-    network_.PushLevel();
+    if (branching.has_level) network_.PushLevel();
     Impose(network_, branching.refuted ? Negated(branching.decision) : branching.decision);
     if (bound_) bound_->Impose(network_);
     first_open_ = branching.first_open;
