@@ -49,6 +49,26 @@ inline unsigned CountUpTo(Values values, std::int32_t v) {
   return static_cast<unsigned>(last - values.data()) + (*last <= v ? 1u : 0u);
 }
 
+// The same two for who mostly finds that no or few values lie on the far side: some are looked at
+// one by one, before the others are searched.
+constexpr std::size_t kFarSide = 4;
+
+inline unsigned CountBelowFromFront(Values values, std::int32_t v) {
+  const std::size_t few = std::min(kFarSide, values.size());
+  for (std::size_t i = 0; i < few; ++i) {
+    if (values[i] >= v) return static_cast<unsigned>(i);
+  }
+  return static_cast<unsigned>(few) + CountBelow(values.subspan(few), v);
+}
+
+inline unsigned CountUpToFromBack(Values values, std::int32_t v) {
+  const std::size_t rest = values.size() - std::min(kFarSide, values.size());
+  for (std::size_t i = values.size(); i > rest; --i) {
+    if (values[i - 1] <= v) return static_cast<unsigned>(i);
+  }
+  return CountUpTo(values.first(rest), v);
+}
+
 // Those from `lowest` to `highest`, which is no less.
 inline Values PartBetween(Values values, std::int32_t lowest, std::int32_t highest) {
   const unsigned first = CountBelow(values, lowest);
