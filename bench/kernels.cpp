@@ -65,22 +65,15 @@ class Case {
            std::to_string(shape_.size);
   }
 
-  // Measures the contender, unless the contenders disagree: then there is nothing to measure. Of
-  // the times of each batch the least counts, which other work on the machine disturbed least; all
-  // batches take turns, so that none is learned by heart.
+  // Measures the contender, unless the contenders disagree: then there is nothing to measure.
   void Measure(benchmark::State& state, const Contender& contender) {
     if (instances_.empty()) Prepare();
     if (!agree_) {
       state.SkipWithError("the contenders disagree");
       return;
     }
-    std::vector<Clock::duration> least(instances_.size() / kBatch, Clock::duration::max());
     for (auto _ : state) {
-      for (std::size_t i = 0; i < least.size(); ++i) {
-        least[i] = std::min(least[i], TimeOf(contender, Batch(i)));
-      }
-      const auto time = std::accumulate(least.begin(), least.end(), Clock::duration::zero());
-      state.SetIterationTime(std::chrono::duration<double>(time).count());
+      state.SetIterationTime(std::chrono::duration<double>(LeastTime(contender)).count());
     }
   }
 
@@ -110,8 +103,19 @@ class Case {
     return std::ranges::adjacent_find(results, std::not_equal_to()) == results.end();
   }
 
-  std::span<Instance> Batch(std::size_t i) {
-    return std::span(instances_).subspan(i * kBatch, kBatch);
+  // Of all instances. Of the times of each batch the least counts, which other work on the machine
+  // disturbed least; batches take turns, so that none is learned by heart.
+  Clock::duration LeastTime(const Contender& contender) {
+    constexpr Clock::duration kLong = std::chrono::milliseconds(2);
+    std::vector<Clock::duration> least(instances_.size() / kBatch, Clock::duration::max());
+    for (int rounds = 1;; ++rounds) {
+      for (std::size_t i = 0; i < least.size(); ++i) {
+        const auto batch = std::span(instances_).subspan(i * kBatch, kBatch);
+        least[i] = std::min(least[i], TimeOf(contender, batch));
+      }
+      const auto sum = std::accumulate(least.begin(), least.end(), Clock::duration::zero());
+      if (rounds * sum > kLong) return sum;
+    }
   }
 
   const Kernel& kernel_;
@@ -134,8 +138,8 @@ std::vector<RatioTable::Line> RegisterAll() {
               (lines.back().measured + "/" + contender.name).c_str(),
               [=](benchmark::State& state) { measured->Measure(state, contender); })
               ->UseManualTime()
-              ->MinTime(0.005)
-              ->Repetitions(5);
+              ->Iterations(1)
+              ->Repetitions(9);
         }
       }
     }

@@ -87,6 +87,21 @@ unsigned UniteWithInterval(Values interval, Values others, std::int32_t* out) {
   return static_cast<unsigned>(end - out);
 }
 
+// Marks one side in a map, where the values of the other are looked up: a store and a load for each
+// value, none of which waits for another.
+unsigned IntersectInMap(Values a, Values b, std::int32_t* out) {
+  ByteMap map(a.front(), a.back());
+  for (const std::int32_t v : a) map.Add(v);
+  const std::uint8_t* const bytes = map.GetBytes();
+  const std::int64_t lowest = map.GetLowest();
+  unsigned count = 0;
+  for (const std::int32_t v : PartBetween(b, a.front(), a.back())) {
+    out[count] = v;
+    count += bytes[v - lowest];
+  }
+  return count;
+}
+
 // Marks both in one map and lists its window: a store for each value and for each integer of the
 // window, none of which waits for another, where a merge waits for its comparisons.
 unsigned UniteInMap(Values a, Values b, std::int32_t* out) {
@@ -130,11 +145,12 @@ unsigned Intersect(Values a, Values b, std::int32_t* out) {
   }
   if (a.size() > kVeryUnequal * b.size()) return IntersectFewWithMany(b, a, out);
   if (b.size() > kVeryUnequal * a.size()) return IntersectFewWithMany(a, b, out);
-  MergePosition at{0, 0, 0};
-  if (auto* const blocks = GetIntersectBlocks(); blocks != nullptr && SuitBlocks(a, b)) {
-    at = blocks(a.data(), static_cast<unsigned>(a.size()), b.data(),
-                static_cast<unsigned>(b.size()), out);
+  auto* const blocks = GetIntersectBlocks();
+  if (blocks == nullptr || !SuitBlocks(a, b)) {
+    return SuitMap(a, b) ? IntersectInMap(a, b, out) : IntersectFrom({0, 0, 0}, a, b, out);
   }
+  const MergePosition at = blocks(a.data(), static_cast<unsigned>(a.size()), b.data(),
+                                  static_cast<unsigned>(b.size()), out);
   return IntersectFrom(at, a, b, out);
 }
 
