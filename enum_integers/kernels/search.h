@@ -54,19 +54,21 @@ inline unsigned CountUpTo(Values values, std::int32_t v) {
 constexpr std::size_t kFarSide = 4;
 
 inline unsigned CountBelowFromFront(Values values, std::int32_t v) {
-  const std::size_t few = std::min(kFarSide, values.size());
-  for (std::size_t i = 0; i < few; ++i) {
-    if (values[i] >= v) return static_cast<unsigned>(i);
+  std::size_t below = 0;
+  while (below < values.size() && values[below] < v) {
+    if (++below == kFarSide) {
+      return static_cast<unsigned>(below) + CountBelow(values.subspan(below), v);
+    }
   }
-  return static_cast<unsigned>(few) + CountBelow(values.subspan(few), v);
+  return static_cast<unsigned>(below);
 }
 
 inline unsigned CountUpToFromBack(Values values, std::int32_t v) {
-  const std::size_t rest = values.size() - std::min(kFarSide, values.size());
-  for (std::size_t i = values.size(); i > rest; --i) {
-    if (values[i - 1] <= v) return static_cast<unsigned>(i);
+  std::size_t above = 0;
+  while (above < values.size() && values[values.size() - 1 - above] > v) {
+    if (++above == kFarSide) return CountUpTo(values.first(values.size() - above), v);
   }
-  return CountUpTo(values.first(rest), v);
+  return static_cast<unsigned>(values.size() - above);
 }
 
 // Those from `lowest` to `highest`, which is no less.
