@@ -18,7 +18,8 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
     }
     if (run.run_type != Run::RT_Iteration) continue;
     const std::size_t slash = name.rfind('/');
-    const double time = run.GetAdjustedCPUTime();
+    const double time = run.run_name.time_type == "manual_time" ? run.GetAdjustedRealTime()
+                                                                : run.GetAdjustedCPUTime();
     const auto [entry, added] = times_[name.substr(0, slash)].emplace(name.substr(slash + 1), time);
     if (!added) entry->second = std::min(entry->second, time);
   }

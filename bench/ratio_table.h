@@ -34,7 +34,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
   bool Succeeded() const { return succeeded_; }
 
  private:
-  using Times = std::map<std::string, double>;  // processor time by contender
+  using Times = std::map<std::string, double>;  // by contender
 
   void PrintGoal(const Line& line, const Times& times, double base_time);
 

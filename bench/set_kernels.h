@@ -1,9 +1,11 @@
 #pragma once
 
 #include <random>
+#include <span>
 #include <vector>
 
 #include "bench/kernel_goals.h"
+#include "bench/literal_domain.h"
 #include "bench/set_shapes.h"
 #include "enum_integers/domain/enum_integer.h"
 #include "tests/reference/enum_set.h"
@@ -12,7 +14,7 @@
 namespace kiv::bench {
 
 // A target that a kernel narrows by one or two known sets. Every contender narrows a copy of the
-// target, whose room is there from the call before.
+// target, whose room is there from the copy before.
 template <class Set>
 struct Operands {
   Set target, a, b;
@@ -21,13 +23,14 @@ struct Operands {
 
 // The same operands for contenders of either kind.
 struct Instance {
-  Operands<reference::EnumSet> sets;
-  Operands<KivOmbEnumInteger> domains;
+  Operands<LiteralDomain> literal;
+  Operands<KivOmbEnumInteger> module;
 };
 
 struct Contender {
   const char* name;
-  int (*narrow)(Instance&);  // gives the result code
+  void (*copy)(Instance&);             // makes the copy of the target
+  int (*narrow)(std::span<Instance>);  // narrows the copies; gives the sum of the result codes
   reference::EnumSet (*narrowed)(const Instance&);
 };
 

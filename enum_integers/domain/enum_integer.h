@@ -327,6 +327,8 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   void Become(kiv::kernels::Values new_values, int flag, unsigned delta);
   void BecomeRange(std::int32_t lower, std::int32_t upper);
   void Keep(unsigned first, unsigned end);
+  int CutAbove(std::int32_t bound);
+  int CutBelow(std::int32_t bound);
   int KeepBetween(std::int32_t lowest, std::int32_t highest);
   template <class Holds>
   int KeepIf(Holds holds);

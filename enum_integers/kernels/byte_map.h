@@ -27,13 +27,9 @@ class ByteMap {
   }
 
   void Add(std::int64_t v) { bytes_[static_cast<std::uint64_t>(v - lowest_)] = 1; }
-  // Adds `v` when `holds`.
-  void AddIf(std::int64_t v, bool holds) {
-    bytes_[static_cast<std::uint64_t>(v - lowest_)] |= static_cast<std::uint8_t>(holds);
-  }
-  void AddRange(std::int64_t lowest, std::int64_t highest) {
-    std::fill_n(bytes_.begin() + (lowest - lowest_), highest - lowest + 1, std::uint8_t{1});
-  }
+  // The byte of the least integer, which the others follow, for who adds many in a loop.
+  std::uint8_t* GetBytes() { return bytes_.data(); }
+  std::int64_t GetLowest() const { return lowest_; }
 
   unsigned Count() const {
     unsigned count = 0;
@@ -47,6 +43,18 @@ class ByteMap {
       if (bytes_[i] != 0)
         *out++ = static_cast<std::int32_t>(lowest_ + static_cast<std::int64_t>(i));
     }
+  }
+
+  // The same without a branch for each integer: overwrites one slot behind the values. Returns how
+  // many they are.
+  unsigned ListWithSlack(std::int32_t* out) const {
+    const auto lowest = static_cast<std::int32_t>(lowest_);
+    unsigned count = 0;
+    for (std::int32_t i = 0; i < static_cast<std::int32_t>(width_); ++i) {
+      out[count] = lowest + i;
+      count += bytes_[static_cast<std::uint32_t>(i)];
+    }
+    return count;
   }
 
   auto Membership() const {

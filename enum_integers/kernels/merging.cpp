@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "enum_integers/kernels/byte_map.h"
 #include "enum_integers/kernels/path.h"
 #include "enum_integers/kernels/search.h"
 #include "enum_integers/kernels/word_set.h"
@@ -86,6 +87,30 @@ unsigned UniteWithInterval(Values interval, Values others, std::int32_t* out) {
   return static_cast<unsigned>(end - out);
 }
 
+// Marks one side in a map, where the values of the other are looked up: a store and a load for each
+// value, none of which waits for another.
+unsigned IntersectInMap(Values a, Values b, std::int32_t* out) {
+  ByteMap map(a.front(), a.back());
+  for (const std::int32_t v : a) map.Add(v);
+  const std::uint8_t* const bytes = map.GetBytes();
+  const std::int64_t lowest = map.GetLowest();
+  unsigned count = 0;
+  for (const std::int32_t v : PartBetween(b, a.front(), a.back())) {
+    out[count] = v;
+    count += bytes[v - lowest];
+  }
+  return count;
+}
+
+// Marks both in one map and lists its window: a store for each value and for each integer of the
+// window, none of which waits for another, where a merge waits for its comparisons.
+unsigned UniteInMap(Values a, Values b, std::int32_t* out) {
+  ByteMap map(std::min(a.front(), b.front()), std::max(a.back(), b.back()));
+  for (const std::int32_t v : a) map.Add(v);
+  for (const std::int32_t v : b) map.Add(v);
+  return map.ListWithSlack(out);
+}
+
 // An infinity that stands twice is to stand twice in the union.
 bool SuitInterval(Values interval, Values others) {
   return !interval.empty() && !others.empty() && IsInterval(interval) && !EndsWithTwins(others);
@@ -96,7 +121,17 @@ bool SuitsWord(Values a, Values b) {
   return !a.empty() && !b.empty() && ShareWord(a, b) && !EndsWithTwins(a) && !EndsWithTwins(b);
 }
 
-// So do blocks.
+// So does a map.
+bool SuitMap(Values a, Values b) {
+  constexpr std::uint64_t kWidthPerValue = 2;
+  if (a.empty() || b.empty() || EndsWithTwins(a) || EndsWithTwins(b)) return false;
+  const std::int64_t lowest = std::min(a.front(), b.front());
+  const std::int64_t highest = std::max(a.back(), b.back());
+  return highest - lowest < ByteMap::kMaxWidth &&
+         static_cast<std::uint64_t>(highest - lowest) < kWidthPerValue * (a.size() + b.size());
+}
+
+// And blocks.
 bool SuitBlocks(Values a, Values b) {
   return std::min(a.size(), b.size()) >= kFewValues && !EndsWithTwins(a) && !EndsWithTwins(b);
 }
@@ -110,11 +145,12 @@ unsigned Intersect(Values a, Values b, std::int32_t* out) {
   }
   if (a.size() > kVeryUnequal * b.size()) return IntersectFewWithMany(b, a, out);
   if (b.size() > kVeryUnequal * a.size()) return IntersectFewWithMany(a, b, out);
-  MergePosition at{0, 0, 0};
-  if (auto* const blocks = GetIntersectBlocks(); blocks != nullptr && SuitBlocks(a, b)) {
-    at = blocks(a.data(), static_cast<unsigned>(a.size()), b.data(),
-                static_cast<unsigned>(b.size()), out);
+  auto* const blocks = GetIntersectBlocks();
+  if (blocks == nullptr || !SuitBlocks(a, b)) {
+    return SuitMap(a, b) ? IntersectInMap(a, b, out) : IntersectFrom({0, 0, 0}, a, b, out);
   }
+  const MergePosition at = blocks(a.data(), static_cast<unsigned>(a.size()), b.data(),
+                                  static_cast<unsigned>(b.size()), out);
   return IntersectFrom(at, a, b, out);
 }
 
@@ -125,6 +161,7 @@ unsigned Unite(Values a, Values b, std::int32_t* out) {
     const std::int32_t begin = WordBegin(a, b);
     return ListWord(WordOf(a, begin) | WordOf(b, begin), begin, out);
   }
+  if (SuitMap(a, b)) return UniteInMap(a, b, out);
   auto* const blocks = GetUniteBlocks();
   if (blocks == nullptr || !SuitBlocks(a, b)) return UniteFrom({0, 0, 0}, a, b, out);
   std::int32_t pending[kUniteBlock];

@@ -59,7 +59,7 @@ auto CollectFitting(Values target, Fits fits, Take take) {
 }
 
 // Of so few divisions none is worth a branch to avoid it.
-constexpr std::size_t kFewDivisions = 4;
+constexpr std::size_t kFewDivisions = 8;
 
 // Whether `leaves_result` accepts one of a few values.
 template <class LeavesResult>
@@ -72,10 +72,12 @@ bool AnyOfFew(Values few, LeavesResult leaves_result) {
 // What is known of a value of the target before anything is divided.
 enum Verdict : std::int32_t { kOpen, kFits, kFitsNot };
 
+// Of less dividends none is looked up.
+constexpr std::size_t kFewDividends = 16;
+
 // Whether to look the dividends of `results` by `m` up among those of `x` is less work than to
 // divide them.
 inline bool SuitsLookup(const Progressions& results, std::int32_t m, Values x) {
-  constexpr std::size_t kFewDividends = 16;
   return x.size() >= kFewDividends && m != 0 && results.CountAtMost(std::abs(m)) < x.size();
 }
 
@@ -111,6 +113,14 @@ inline void LookDividendsUp(const Progressions& results, Values x, Values moduli
 template <class Take>
 auto CollectDividends(Values z, Values x, Values y, std::uint32_t cap, Take take) {
   if (z.empty() || x.empty() || y.empty()) return take(NilCollection());
+  if (x.size() < std::min<std::size_t>(kFewDividends, cap) && y.size() <= kFewDivisions) {
+    return WithMembership(z, [&](const auto& is_result) {
+      const auto fits = [&](std::int32_t dividend) {
+        return AnyOfFew(y, [&](std::int32_t m) { return is_result(dividend % m); });
+      };
+      return CollectFitting(x, fits, take);
+    });
+  }
   ListedValues looked_up(y.size());
   ListedValues divided_by(y.size());
   const Scratch verdicts(x.size());
@@ -158,6 +168,15 @@ inline void LookModuliUp(const Progressions& results, Values x, Values y, std::i
 template <class Take>
 auto CollectModuli(Values z, Values x, Values y, std::uint32_t cap, Take take) {
   if (x.empty() || y.empty()) return take(NilCollection());
+  if (x.size() <= kFewDivisions && y.size() < cap) {
+    return WithMembership(z, [&](const auto& is_result) {
+      const auto fits = [&](std::int32_t m) {
+        return m == 0 ||
+               AnyOfFew(x, [&](std::int32_t dividend) { return is_result(dividend % m); });
+      };
+      return CollectFitting(y, fits, take);
+    });
+  }
   const Scratch verdicts(y.size());
   if (verdicts.Get() == nullptr) return take(AnyCollection());
   std::fill_n(verdicts.Get(), y.size(), kOpen);
@@ -182,7 +201,6 @@ auto CollectModuli(Values z, Values x, Values y, std::uint32_t cap, Take take) {
       if (const std::int32_t known = *verdict++; known != kOpen) return known == kFits;
       if (m == 0) return true;
       const auto leaves_result = [&](std::int32_t dividend) { return is_result(dividend % m); };
-      if (x.size() <= kFewDivisions) return AnyOfFew(x, leaves_result);
       const std::int32_t magnitude = std::abs(m);
       if (magnitude > least_own_result) return true;
       const auto negative_end = x.begin() + CountUpTo(x, -magnitude);

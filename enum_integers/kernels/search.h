@@ -49,6 +49,28 @@ inline unsigned CountUpTo(Values values, std::int32_t v) {
   return static_cast<unsigned>(last - values.data()) + (*last <= v ? 1u : 0u);
 }
 
+// The same two for who mostly finds that no or few values lie on the far side: some are looked at
+// one by one, before the others are searched.
+constexpr std::size_t kFarSide = 4;
+
+inline unsigned CountBelowFromFront(Values values, std::int32_t v) {
+  std::size_t below = 0;
+  while (below < values.size() && values[below] < v) {
+    if (++below == kFarSide) {
+      return static_cast<unsigned>(below) + CountBelow(values.subspan(below), v);
+    }
+  }
+  return static_cast<unsigned>(below);
+}
+
+inline unsigned CountUpToFromBack(Values values, std::int32_t v) {
+  std::size_t above = 0;
+  while (above < values.size() && values[values.size() - 1 - above] > v) {
+    if (++above == kFarSide) return CountUpTo(values.first(values.size() - above), v);
+  }
+  return static_cast<unsigned>(values.size() - above);
+}
+
 // Those from `lowest` to `highest`, which is no less.
 inline Values PartBetween(Values values, std::int32_t lowest, std::int32_t highest) {
   const unsigned first = CountBelow(values, lowest);

@@ -30,27 +30,40 @@ int KivOmbEnumInteger::CalcInverseEqualValue(KivOmbiAny& x) const {
 
 // this <= x
 
+// For a domain with its greatest value above `bound`; one without values stays. Returns 1.
+[[gnu::noinline]] int KivOmbEnumInteger::CutAbove(std::int32_t bound) {
+  if (Count() == 0) return 1;
+  const unsigned kept = kiv::kernels::CountUpToFromBack(View().first(Count() - 1), bound);
+  Without(View().subspan(kept)).values.Keep(0, kept);
+  return 1;
+}
+
+// For a domain with its least value below `bound`; one without values stays. Returns 1.
+[[gnu::noinline]] int KivOmbEnumInteger::CutBelow(std::int32_t bound) {
+  if (Count() == 0) return 1;
+  const unsigned lost = 1 + kiv::kernels::CountBelowFromFront(View().subspan(1), bound);
+  Without(View().first(lost)).values.Keep(lost, Count());
+  return 1;
+}
+
 int KivOmbEnumInteger::CalcLessOrEqualValue(const KivOmbEnumInteger& x) {
   if (CheckAny() || x.CheckAny()) return 0;
   const std::int32_t greatest = x.GetLastU();
-  if (GetLastU() <= greatest) return 0;
-  Keep(0, CountUpTo(greatest));
-  return 1;
+  return GetLastU() <= greatest ? 0 : CutAbove(greatest);
 }
 
 int KivOmbEnumInteger::CalcInverseLessOrEqualValue(KivOmbEnumInteger& x) const {
   if (CheckAny() || x.CheckAny()) return 0;
   const std::int32_t least = GetFirstL();
-  if (x.GetFirstL() >= least) return 0;
-  x.Keep(x.CountBelow(least), x.Count());
-  return 1;
+  return x.GetFirstL() >= least ? 0 : x.CutBelow(least);
 }
 
 int KivOmbEnumInteger::CalcInverseLessOrEqualValue(KivOmbSingleInteger& x) const {
   return x.CheckAny() || x.GetValue() >= GetFirstL() ? 0 : x.Nil();
 }
 
-int KivOmbEnumInteger::CalcLessOrEqualValue(const KivOmbiAny& x) {
+// Mostly one comparison is all that there is to do: the core is part of the entry.
+[[gnu::flatten]] int KivOmbEnumInteger::CalcLessOrEqualValue(const KivOmbiAny& x) {
   return kiv::ForwardEntry(*this, x, [this](const auto& y) { return CalcLessOrEqualValue(y); });
 }
 
@@ -113,7 +126,7 @@ int KivOmbEnumInteger::CalcInverseNotLessValue(KivOmbSingleInteger& x) const {
   return x.CheckAny() || x.GetValue() <= GetLastU() ? 0 : x.Nil();
 }
 
-int KivOmbEnumInteger::CalcNotLessValue(const KivOmbiScalar& x) {
+[[gnu::flatten]] int KivOmbEnumInteger::CalcNotLessValue(const KivOmbiScalar& x) {
   return kiv::ForwardEntry(*this, x, [this](const auto& y) { return CalcNotLessValue(y); });
 }
 

@@ -217,4 +217,82 @@ TEST(KernelBordersDifferential, Merges) {
   }
 }
 
+// Cuts of all sizes, from nothing to everything: a few values are looked at one by one, the others
+// searched. The known domain holds one value, mostly within the target's window.
+TEST(KernelBordersDifferential, BoundCuts) {
+  const auto make = [](Random& random) {
+    EnumSet target = SetOfAnyShape(random, random.OneIn(2) ? 12 : 200);
+    const std::int64_t last = std::ssize(target.values) - 1;
+    const std::int64_t from_end = random.Between(0, std::min<std::int64_t>(last, 6));
+    const std::int64_t at = random.OneIn(3)   ? random.Between(0, last)
+                            : random.OneIn(2) ? from_end
+                                              : last - from_end;
+    const std::int64_t bound = std::clamp<std::int64_t>(
+        std::int64_t{target.values[static_cast<std::size_t>(at)]} + random.Between(-1, 1), kMin,
+        kMax);
+    return Operands{std::move(target), EnumSet{{static_cast<std::int32_t>(bound)}, 0}};
+  };
+  const Operation operations[] = {
+      {"less or equal", 0, make,
+       [](const Objects& o) { return Set(o[0]).CalcLessOrEqualValue(*o[1]); },
+       [](Operands& v) { return reference::LessOrEqual(Set(v[0]), Set(v[1])); }},
+      {"not less", 0, make, [](const Objects& o) { return Set(o[0]).CalcNotLessValue(Set(o[1])); },
+       [](Operands& v) { return reference::NotLess(Set(v[0]), Set(v[1])); }},
+      {"inverse less or equal", 0, make,
+       [](const Objects& o) { return Set(o[1]).CalcInverseLessOrEqualValue(*o[0]); },
+       [](Operands& v) { return reference::InverseLessOrEqual(Set(v[1]), Set(v[0])); }},
+      {"inverse not less", 0, make,
+       [](const Objects& o) { return Set(o[1]).CalcInverseNotLessValue(Set(o[0])); },
+       [](Operands& v) { return reference::InverseNotLess(Set(v[1]), Set(v[0])); }},
+  };
+  Random random;
+  for (const Operation& operation : operations) {
+    Compare(operation, random, 2 * kShapeCases);
+    if (HasFatalFailure()) return;
+  }
+}
+
+// Dividends and moduli so few that all are divided, and a few more; results of all kinds.
+TEST(KernelBordersDifferential, FewDivisions) {
+  const auto make = [](Random& random) {
+    return Operands{SetOfAnyShape(random, random.OneIn(2) ? 4 : 30), SetOfAnyShape(random, 18),
+                    SetOfAnyShape(random, 10)};
+  };
+  const Operation operations[] = {
+      {"dividend", 1, make,
+       [](const Objects& o) { return Set(o[0]).CalcFirstInverseModValue(Set(o[1]), Set(o[2])); },
+       [](Operands& v) { return reference::FirstInverseMod(Set(v[0]), Set(v[1]), Set(v[2])); }},
+      {"modulus", 1, make,
+       [](const Objects& o) { return Set(o[0]).CalcSecondInverseModValue(Set(o[2]), Set(o[1])); },
+       [](Operands& v) { return reference::SecondInverseMod(Set(v[0]), Set(v[2]), Set(v[1])); }},
+  };
+  Random random;
+  for (const Operation& operation : operations) {
+    Compare(operation, random, 2 * kShapeCases);
+    if (HasFatalFailure()) return;
+  }
+}
+
+// Quotients of a window with holes by moduli of all sizes, many of them larger than the window:
+// below zero, above it, about it, and with ends at multiples of a modulus.
+TEST(KernelBordersDifferential, QuotientsOfWindows) {
+  const auto make = [](Random& random) {
+    const int count = random.Between(2, 60);
+    const int width = count * random.Between(1, 4);
+    static constexpr std::int64_t kReaches[] = {1, 10, 300, 1000000};
+    const std::int64_t reach = kReaches[random.Between(0, std::ssize(kReaches) - 1)];
+    const std::int64_t low = random.Between(-2, 1) * width * reach;
+    EnumSet z =
+        SetInWindow(random, count, std::clamp<std::int64_t>(low, kMin, kMax - width), width);
+    EnumSet y = SetInWindow(random, random.Between(1, 12), -width, 2 * width + 3);
+    return Operands{std::move(z), Target(random), std::move(y)};
+  };
+  const Operation quotient = {
+      "quotient", 1, make,
+      [](const Objects& o) { return Set(o[0]).CalcFirstInverseProdValue(Set(o[1]), Set(o[2])); },
+      [](Operands& v) { return reference::FirstInverseProduct(Set(v[0]), Set(v[1]), Set(v[2])); }};
+  Random random;
+  Compare(quotient, random, 8 * kShapeCases);
+}
+
 }  // namespace
