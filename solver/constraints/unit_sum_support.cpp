@@ -158,7 +158,7 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const Li
 
 }  // namespace
 
-std::optional<KivOmbiFilterResult> NarrowUnitSum(const KivOmbiObjectEnvironment& environment,
+std::optional<KivOmbiFilterResult> NarrowUnitSumToSupported(const KivOmbiObjectEnvironment& environment,
                                                  const LinearSum& sum, std::int64_t constant) {
   if (sum.Count() < 2 || sum.Count() > 3 || !sum.HasUnitsOnly()) return std::nullopt;
   std::int64_t most_places = 0;

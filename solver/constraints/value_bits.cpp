@@ -62,4 +62,20 @@ void TakeBits(const KivOmbiObjectEnvironment& environment, unsigned i, std::int6
   if (environment.Kind(i)->HoldsGaps()) RemoveHoles(environment.Integer(i), base, bits);
 }
 
+BitWord TakeWord(const KivOmbiObjectEnvironment& environment, unsigned i) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  const auto width = static_cast<std::uint32_t>(summary.upper - summary.lower) + 1;
+  BitWord bits = ~BitWord{0} >> (kBitsPerWord - width);
+  if (summary.cardinality == width) return bits;
+  const std::span<const SubIntBase> values = environment.Values(i);
+  if (values.empty()) {
+    TakeBits(environment, i, summary.lower, std::span(&bits, 1));
+    return bits;
+  }
+  const std::int32_t base = summary.lower;
+  bits = 0;
+  for (const SubIntBase value : values) bits |= BitWord{1} << (value.GetValue() - base);
+  return bits;
+}
+
 }  // namespace kiv

@@ -51,4 +51,7 @@ void ForEachBit(std::span<const BitWord> bits, Use&& use) {
 KIV_EXPORT void TakeBits(const KivOmbiObjectEnvironment& environment, unsigned i, std::int64_t base,
                          std::span<BitWord> bits);
 
+// The values of argument i from its lower bound on. They are known and fit a word.
+BitWord TakeWord(const KivOmbiObjectEnvironment& environment, unsigned i);
+
 }  // namespace kiv
