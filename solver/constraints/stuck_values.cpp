@@ -5,15 +5,16 @@
 
 namespace kiv {
 
-KivOmbiFilterResult StuckValues::Remove(const KivOmbiObjectEnvironment& environment, unsigned i,
-                                        std::int64_t value) {
+KivOmbiFilterResult StuckValues::RemoveWithin(const KivOmbiObjectEnvironment& environment,
+                                              unsigned i, std::int64_t value) {
   const KivOmbiDomainSummary before = environment.Summary(i);
-  if (!IsValue(value) || value < before.lower || value > before.upper) return 0;
+  if (!IsValue(value)) return 0;
   const auto removed = static_cast<std::int32_t>(value);
+  if (!environment.Integer(i).MayBe(removed)) return 0;
   if (!IsBeforeOpenEnd(before, value)) {
     if (const auto result = RemoveValue(environment, i, removed)) return result;
   }
-  if (environment.Summary(i) == before && environment.Integer(i).MayBe(removed)) stuck_[i] = 1;
+  if (environment.Summary(i) == before) stuck_[i] = 1;
   return 0;
 }
 

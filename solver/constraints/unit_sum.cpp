@@ -43,23 +43,6 @@ BitWord Reversed(BitWord bits, const Hull& hull) {
   return __builtin_bswap64(bits) >> (kBitsPerWord - 1 - (hull.upper - hull.lower));
 }
 
-// Leaves argument i, whose values are `bits` from `base` on, those that are `kept`: some, and not
-// all.
-KivOmbiFilterResult KeepBits(const KivOmbiObjectEnvironment& environment, unsigned i,
-                             std::int64_t base, BitWord bits, BitWord kept) {
-  const int first = std::countr_zero(kept);
-  const int last = static_cast<int>(kBitsPerWord) - 1 - std::countl_zero(kept);
-  if ((bits & BitsOf({first, last}, {0, 0})) == kept) {
-    return NarrowToHull(environment, i, {base + first, base + last});
-  }
-  std::array<std::int32_t, kBitsPerWord> lost;
-  std::size_t count = 0;
-  ForEachBit(bits & ~kept, 0, [&](std::size_t place) {
-    lost[count++] = static_cast<std::int32_t>(base + static_cast<std::int64_t>(place));
-  });
-  return RemoveValues(environment, i, std::span(lost).first(count));
-}
-
 // The terms of first + second = last, as bits.
 struct Words {
   BitWord first = 0;
@@ -110,6 +93,12 @@ Hull UnitSum::ValuesOfLast(const Hull& last) const {
   return {last.lower - constant_, last.upper - constant_};
 }
 
+bool UnitSum::Repeats(const KivOmbiObjectEnvironment& environment) const {
+  if (environment.IsSame(first_, last_)) return true;
+  return second_ != kNobody &&
+         (environment.IsSame(first_, second_) || environment.IsSame(second_, last_));
+}
+
 // Sums of integers leave no gaps, so that each end that stays is part of a solution over the hulls.
 UnitSum::Hulls UnitSum::Cut(const Hulls& hulls) {
   const auto& [first, second, last] = hulls;
@@ -120,7 +109,7 @@ UnitSum::Hulls UnitSum::Cut(const Hulls& hulls) {
 
 std::optional<KivOmbiFilterResult> UnitSum::Narrow(
     const KivOmbiObjectEnvironment& environment) const {
-  if (first_ == kNobody) return std::nullopt;
+  if (first_ == kNobody || Repeats(environment)) return std::nullopt;
   const auto& first = environment.Summary(first_);
   const auto& second = second_ == kNobody ? kZero : environment.Summary(second_);
   const auto& last = environment.Summary(last_);
@@ -155,7 +144,6 @@ KivOmbiFilterResult UnitSum::KeepHulls(const KivOmbiObjectEnvironment& environme
 // None of the numbers in the cut hulls is further than a word from one that it meets.
 KivOmbiFilterResult UnitSum::KeepSupported(const KivOmbiObjectEnvironment& environment,
                                            const Hulls& hulls, const Hulls& cut) const {
-  const Hull last_values = ValuesOfLast(hulls.last);
   const BitWord first = TakeWord(environment, first_);
   const BitWord second = second_ == kNobody ? 1 : TakeWord(environment, second_);
   const BitWord last_bits = TakeWord(environment, last_);
@@ -170,17 +158,16 @@ KivOmbiFilterResult UnitSum::KeepSupported(const KivOmbiObjectEnvironment& envir
   }
   if (supported.first == 0) return kKivContradiction;
   if (supported.first != first) {
-    const auto result = KeepBits(environment, first_, hulls.first.lower, first, supported.first);
+    const auto result = KeepWord(environment, first_, first, supported.first);
     if (result != 0) return result;
   }
   if (supported.second != second) {
-    const auto result =
-        KeepBits(environment, second_, hulls.second.lower, second, supported.second);
+    const auto result = KeepWord(environment, second_, second, supported.second);
     if (result != 0) return result;
   }
   if (supported.last != last) {
     const BitWord kept = is_last_negated_ ? Reversed(supported.last, hulls.last) : supported.last;
-    const auto result = KeepBits(environment, last_, last_values.lower, last_bits, kept);
+    const auto result = KeepWord(environment, last_, last_bits, kept);
     if (result != 0) return result;
   }
   const bool all_fixed = IsOneBit(supported.first) && IsOneBit(supported.second);

@@ -17,8 +17,8 @@ class UnitSum {
   UnitSum(const LinearSum& sum, Int128 constant);
 
   // Leaves the arguments the values that are part of a solution over the domains, as far as their
-  // kinds can lose the others, in one pass. None, with nothing done, where that takes more than
-  // bounds or domains that fit a word of bits each.
+  // kinds can lose the others, in one pass. None, with nothing done, where a variable stands in two
+  // terms or where that takes more than bounds or domains that fit a word of bits each.
   std::optional<KivOmbiFilterResult> Narrow(const KivOmbiObjectEnvironment& environment) const;
 
  private:
@@ -29,6 +29,7 @@ class UnitSum {
     Hull last;
   };
 
+  bool Repeats(const KivOmbiObjectEnvironment& environment) const;
   static Hulls Cut(const Hulls& hulls);
   KivOmbiFilterResult KeepHulls(const KivOmbiObjectEnvironment& environment, const Hulls& hulls,
                                 const Hulls& cut) const;

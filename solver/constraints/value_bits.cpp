@@ -1,6 +1,9 @@
 #include "solver/constraints/value_bits.h"
 
 #include <algorithm>
+#include <array>
+
+#include "solver/constraints/value_sets.h"
 
 namespace kiv {
 
@@ -48,6 +51,16 @@ void RemoveHoles(const KivOmbiInteger& domain, std::int64_t base, std::span<BitW
   }
 }
 
+KivOmbiFilterResult RemoveWord(const KivOmbiObjectEnvironment& environment, unsigned i,
+                               BitWord word) {
+  const std::int32_t base = environment.Summary(i).lower;
+  std::array<std::int32_t, kBitsPerWord> values;
+  std::size_t count = 0;
+  ForEachBit(word, 0,
+             [&](std::size_t place) { values[count++] = base + static_cast<std::int32_t>(place); });
+  return RemoveValues(environment, i, std::span(values).first(count));
+}
+
 }  // namespace
 
 void TakeBits(const KivOmbiObjectEnvironment& environment, unsigned i, std::int64_t base,
@@ -72,10 +85,22 @@ BitWord TakeWord(const KivOmbiObjectEnvironment& environment, unsigned i) {
     TakeBits(environment, i, summary.lower, std::span(&bits, 1));
     return bits;
   }
-  const std::int32_t base = summary.lower;
+  // Each in its place by 64, whatever the base; then the base's goes first.
   bits = 0;
-  for (const SubIntBase value : values) bits |= BitWord{1} << (value.GetValue() - base);
-  return bits;
+#pragma GCC unroll 4
+  for (const SubIntBase value : values) bits |= BitOf(static_cast<std::uint32_t>(value.GetValue()));
+  return std::rotr(bits, summary.lower % static_cast<int>(kBitsPerWord));
+}
+
+KivOmbiFilterResult KeepWord(const KivOmbiObjectEnvironment& environment, unsigned i, BitWord word,
+                             BitWord kept) {
+  bool is_offered = true;
+  environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
+    const int result = environment.Kind(i)->KeepWord(domain, kept);
+    is_offered = result != KivOmbiObjectDescriptor::kNotOffered;
+    return is_offered ? result : 0;
+  });
+  return is_offered ? 0 : RemoveWord(environment, i, word & ~kept);
 }
 
 }  // namespace kiv

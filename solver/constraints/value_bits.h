@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "framework/abstract_types/constraint.h"
 #include "framework/abstract_types/environment.h"
 
 // Sets of integers as words of bits over a window: bit k of all words stands for the integer k
@@ -53,5 +54,8 @@ KIV_EXPORT void TakeBits(const KivOmbiObjectEnvironment& environment, unsigned i
 
 // The values of argument i from its lower bound on. They are known and fit a word.
 BitWord TakeWord(const KivOmbiObjectEnvironment& environment, unsigned i);
+// Leaves the argument that has the values `word` those that are `kept`: some of them, and not all.
+KivOmbiFilterResult KeepWord(const KivOmbiObjectEnvironment& environment, unsigned i, BitWord word,
+                             BitWord kept);
 
 }  // namespace kiv
