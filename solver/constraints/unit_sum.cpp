@@ -1,5 +1,6 @@
 #include "solver/constraints/unit_sum.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <utility>
@@ -41,6 +42,38 @@ BitWord Reversed(BitWord bits, const Hull& hull) {
   bits = (bits >> 2 & kEvenPairs) | (bits & kEvenPairs) << 2;
   bits = (bits >> 4 & kEvenHalves) | (bits & kEvenHalves) << 4;
   return __builtin_bswap64(bits) >> (kBitsPerWord - 1 - (hull.upper - hull.lower));
+}
+
+// Some of the values of an argument, in the order in which they are found.
+class LostValues {
+ public:
+  void Add(SubIntBase value) { values_[count_++] = value.GetValue(); }
+  std::size_t Count() const { return count_; }
+  KivOmbiFilterResult RemoveFrom(const KivOmbiObjectEnvironment& environment, unsigned i) const {
+    return count_ == 0 ? 0 : RemoveValues(environment, i, std::span(values_).first(count_));
+  }
+
+ private:
+  std::size_t count_ = 0;
+  std::array<std::int32_t, kMostListedValues> values_;
+};
+
+// How many of the first values of two lists are the same, when those of the second are moved by
+// `distance`, which takes none of them beyond the integers.
+std::size_t CountCommon(std::span<const SubIntBase> a, std::span<const SubIntBase> b,
+                        std::int32_t distance) {
+  constexpr std::size_t kBlock = 8;
+  const std::size_t most = std::min(a.size(), b.size());
+  std::size_t count = 0;
+  const auto differ = [&](std::size_t i) { return a[i].GetValue() ^ (b[i].GetValue() + distance); };
+  const auto is_next_block_common = [&] {
+    std::int32_t differences = 0;
+    for (std::size_t k = 0; k < kBlock; ++k) differences |= differ(count + k);
+    return differences == 0;
+  };
+  while (count + kBlock <= most && is_next_block_common()) count += kBlock;
+  while (count < most && differ(count) == 0) ++count;
+  return count;
 }
 
 // The terms of first + second = last, as bits.
@@ -120,8 +153,43 @@ std::optional<KivOmbiFilterResult> UnitSum::Narrow(
   if (IsGapless(first) && IsGapless(second) && IsGapless(last)) {
     return KeepHulls(environment, hulls, cut);
   }
-  const bool fit_words = FitsWord(hulls.first) && FitsWord(hulls.second) && FitsWord(hulls.last);
-  return fit_words ? std::optional(KeepSupported(environment, hulls, cut)) : std::nullopt;
+  if (FitsWord(hulls.first) && FitsWord(hulls.second) && FitsWord(hulls.last)) {
+    return KeepSupported(environment, hulls, cut);
+  }
+  const bool are_lists = second_ == kNobody && IsListable(first) && IsListable(last) &&
+                         !is_last_negated_ && IsValue(hulls.last.lower) &&
+                         IsValue(hulls.last.upper) && IsValue(constant_);
+  return are_lists ? KeepCommon(environment) : std::nullopt;
+}
+
+// The two lists are merged: what is in one alone is lost.
+std::optional<KivOmbiFilterResult> UnitSum::KeepCommon(
+    const KivOmbiObjectEnvironment& environment) const {
+  const auto first = environment.Values(first_);
+  const auto last = environment.Values(last_);
+  if (first.empty() || last.empty()) return std::nullopt;
+  const auto distance = static_cast<std::int32_t>(constant_);
+  LostValues lost_first;
+  LostValues lost_last;
+  std::size_t i = 0;
+  std::size_t j = 0;
+  while (true) {
+    const std::size_t common = CountCommon(first.subspan(i), last.subspan(j), distance);
+    i += common;
+    j += common;
+    if (i == first.size() || j == last.size()) break;
+    if (first[i].GetValue() < last[j].GetValue() + distance) {
+      lost_first.Add(first[i++]);
+    } else {
+      lost_last.Add(last[j++]);
+    }
+  }
+  while (i < first.size()) lost_first.Add(first[i++]);
+  while (j < last.size()) lost_last.Add(last[j++]);
+  if (lost_first.Count() == first.size()) return kKivContradiction;
+  if (const auto result = lost_first.RemoveFrom(environment, first_)) return result;
+  if (const auto result = lost_last.RemoveFrom(environment, last_)) return result;
+  return environment.Summary(first_).IsFixed() ? kKivAtFixpoint | kKivEntailed : kKivAtFixpoint;
 }
 
 KivOmbiFilterResult UnitSum::KeepHulls(const KivOmbiObjectEnvironment& environment,

@@ -18,7 +18,8 @@ class UnitSum {
 
   // Leaves the arguments the values that are part of a solution over the domains, as far as their
   // kinds can lose the others, in one pass. None, with nothing done, where a variable stands in two
-  // terms or where that takes more than bounds or domains that fit a word of bits each.
+  // terms, or where that takes more than bounds, domains that fit a word of bits each or, of two
+  // terms, lists of values.
   std::optional<KivOmbiFilterResult> Narrow(const KivOmbiObjectEnvironment& environment) const;
 
  private:
@@ -35,6 +36,7 @@ class UnitSum {
                                 const Hulls& cut) const;
   KivOmbiFilterResult KeepSupported(const KivOmbiObjectEnvironment& environment, const Hulls& hulls,
                                     const Hulls& cut) const;
+  std::optional<KivOmbiFilterResult> KeepCommon(const KivOmbiObjectEnvironment& environment) const;
   Hull LastOf(const Hull& values) const;
   Hull ValuesOfLast(const Hull& last) const;
 
