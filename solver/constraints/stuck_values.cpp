@@ -2,6 +2,7 @@
 
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "solver/constraints/value_sets.h"
+#include "solver/constraints/values.h"
 
 namespace kiv {
 
@@ -10,11 +11,15 @@ KivOmbiFilterResult StuckValues::RemoveWithin(const KivOmbiObjectEnvironment& en
   const KivOmbiDomainSummary before = environment.Summary(i);
   if (!IsValue(value)) return 0;
   const auto removed = static_cast<std::int32_t>(value);
-  if (!environment.Integer(i).MayBe(removed)) return 0;
+  if (IsClosed(before) && environment.Kind(i)->HoldsGaps()) {
+    const bool possible = environment.NarrowInteger(
+        i, [&](KivOmbiInteger& domain) { return domain.RemoveExactValue(removed); });
+    return possible ? 0 : kKivContradiction;
+  }
   if (!IsBeforeOpenEnd(before, value)) {
     if (const auto result = RemoveValue(environment, i, removed)) return result;
   }
-  if (environment.Summary(i) == before) stuck_[i] = 1;
+  if (environment.Summary(i) == before && environment.Integer(i).MayBe(removed)) stuck_[i] = 1;
   return 0;
 }
 
