@@ -17,7 +17,21 @@ BitWord BitsBetween(std::int64_t first, std::int64_t last) {
   return from & (~BitWord{0} >> (kEnd - std::min(last, kEnd)));
 }
 
+// Values within a word that starts at `base`. Each goes to its place by 64, whatever the base; then
+// the base's goes first.
+BitWord WordOf(std::span<const SubIntBase> values, std::int64_t base) {
+  BitWord bits = 0;
+  for (const SubIntBase value : values) bits |= BitOf(static_cast<std::uint32_t>(value.GetValue()));
+  return std::rotr(bits, static_cast<int>(base % std::int64_t{kBitsPerWord}));
+}
+
 void TakeListed(std::span<const SubIntBase> values, std::int64_t base, std::span<BitWord> bits) {
+  const bool share_word =
+      values.front().GetValue() >= base && values.back().GetValue() - base < kBitsPerWord;
+  if (share_word && bits.size() == 1) {
+    bits.front() = WordOf(values, base);
+    return;
+  }
   const auto end_below = [&](std::int64_t limit) {
     return std::ranges::partition_point(values,
                                         [&](SubIntBase value) { return value.GetValue() < limit; });
@@ -27,9 +41,8 @@ void TakeListed(std::span<const SubIntBase> values, std::int64_t base, std::span
     const std::int64_t start = base;
     base += kBitsPerWord;
     const auto end = values.back().GetValue() < base ? values.end() : end_below(base);
-    BitWord found = 0;
-    for (; value != end; ++value) found |= BitWord{1} << (value->GetValue() - start);
-    word = found;
+    word = WordOf(std::span(value, end), start);
+    value = end;
   }
 }
 
@@ -85,11 +98,7 @@ BitWord TakeWord(const KivOmbiObjectEnvironment& environment, unsigned i) {
     TakeBits(environment, i, summary.lower, std::span(&bits, 1));
     return bits;
   }
-  // Each in its place by 64, whatever the base; then the base's goes first.
-  bits = 0;
-#pragma GCC unroll 4
-  for (const SubIntBase value : values) bits |= BitOf(static_cast<std::uint32_t>(value.GetValue()));
-  return std::rotr(bits, summary.lower % static_cast<int>(kBitsPerWord));
+  return WordOf(values, summary.lower);
 }
 
 KivOmbiFilterResult KeepWord(const KivOmbiObjectEnvironment& environment, unsigned i, BitWord word,
