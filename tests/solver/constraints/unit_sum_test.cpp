@@ -118,8 +118,11 @@ TEST(UnitSum, MeetsAtTheEndsOfTheIntegers) {
        {{kMost - 2, kMost}, {-kMost, -5}},
        {1, -1},
        4294967292},
-      // Beyond 32 bits the second would begin where the first does.
-      {{Kind("enum int"), Kind("enum int")}, {{-kMost, -9}, {kMost, kMost - 1}}, {1, -1}, 4},
+      // The last number is beyond 32 bits.
+      {{Kind("enum int"), Kind("enum int")},
+       {{-kMost, kMost - 6, kMost}, {kMost - 10, kMost}},
+       {1, -1},
+       4},
   };
   for (Sum sum : sums) {
     for (Values& values : sum.domains) std::ranges::sort(values);
