@@ -46,7 +46,7 @@ class PlacedValues {
       SetAll();
     } else {
       ForEachValue(environment, argument, [&](std::int32_t value) {
-        const auto place = static_cast<unsigned>(is_negated_ ? first_ - value : value - first_);
+        const auto place = static_cast<unsigned>(first_ - value);
         words_[place / kWord] |= std::uint64_t{1} << place % kWord;
       });
     }
