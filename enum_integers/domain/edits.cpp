@@ -6,6 +6,7 @@
 
 #include "enum_integers/domain/enum_integer.h"
 #include "enum_integers/kernels/scratch.h"
+#include "enum_integers/kernels/word_set.h"
 
 namespace {
 
@@ -130,6 +131,13 @@ int KivOmbEnumInteger::KeepBetween(std::int32_t lowest, std::int32_t highest) {
   if (first >= end) return Nil();
   Keep(first, end);
   return 1;
+}
+
+// Keeps the values whose bits are set in the word, which begins at the first value: one or more.
+void KivOmbEnumInteger::KeepWord(std::uint64_t word) {
+  const std::int32_t begin = GetFirstL();
+  KivSVectorImp_SubIntBase& mine = Writable().values;
+  mine.Keep(0, kiv::kernels::ListWord(word, begin, reinterpret_cast<std::int32_t*>(&mine[0])));
 }
 
 // Loses `lost`, some of the values; Nil when it has no others.

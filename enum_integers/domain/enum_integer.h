@@ -330,6 +330,7 @@ class KIV_EXPORT KivOmbEnumInteger : public KivOmbiInteger {
   int CutAbove(std::int32_t bound);
   int CutBelow(std::int32_t bound);
   int KeepBetween(std::int32_t lowest, std::int32_t highest);
+  void KeepWord(std::uint64_t word);
   template <class Holds>
   int KeepIf(Holds holds);
   int IntersectWith(kiv::kernels::Values others);
@@ -390,4 +391,5 @@ class KIV_EXPORT KivOmbEnumInteger::Descriptor : public KivOmbiObjectDescriptor 
   int KeepBetween(KivOmbiObject& object, std::int32_t lower, std::int32_t upper) const override;
   // The same.
   int RemoveValues(KivOmbiObject& object, std::span<const std::int32_t> values) const override;
+  int KeepWord(KivOmbiObject& object, std::uint64_t word) const override;
 };

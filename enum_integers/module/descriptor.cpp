@@ -166,3 +166,8 @@ int KivOmbEnumInteger::Descriptor::RemoveValues(KivOmbiObject& object,
   if (lost.Get() == nullptr) return kNotOffered;
   return domain.Lose({lost.Get(), kiv::kernels::Intersect(mine, values, lost.Get())});
 }
+
+int KivOmbEnumInteger::Descriptor::KeepWord(KivOmbiObject& object, std::uint64_t word) const {
+  StaticCast(&object)->KeepWord(word);
+  return 1;
+}

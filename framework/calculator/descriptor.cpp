@@ -80,6 +80,8 @@ int KivOmbiObjectDescriptor::RemoveValues(KivOmbiObject&, std::span<const std::i
   return kNotOffered;
 }
 
+int KivOmbiObjectDescriptor::KeepWord(KivOmbiObject&, std::uint64_t) const { return kNotOffered; }
+
 KivOmbiConstraintDescriptor::KivOmbiConstraintDescriptor(const KivString& name, unsigned arguments,
                                                          unsigned optional, bool can_propagate)
     : KivOmbiObjectDescriptor(name, nullptr, 0),

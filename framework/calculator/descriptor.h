@@ -68,6 +68,9 @@ class KIV_EXPORT KivOmbiObjectDescriptor : public KivOmbiBase {
   virtual int KeepBetween(KivOmbiObject& object, std::int32_t lower, std::int32_t upper) const;
   // Removes `values`, ascending, from `object`. The result code of an operation, or kNotOffered.
   virtual int RemoveValues(KivOmbiObject& object, std::span<const std::int32_t> values) const;
+  // Leaves `object`, whose values lie less than 64 apart, those whose bits are set in `word`, where
+  // the first bit stands for its lower bound: some of its values, and not all. 1, or kNotOffered.
+  virtual int KeepWord(KivOmbiObject& object, std::uint64_t word) const;
 
   const KivString& GetName() const noexcept { return name_; }
   const KivOmbiObjectDescriptor* GetParent() const noexcept { return parent_; }

@@ -15,11 +15,6 @@ namespace {
 
 const KivOmbiConstraintDescriptor descriptor("kiv::AllDifferentDomain", 0, 0, true);
 
-// Whether the values of an argument can be counted.
-bool IsBounded(const KivOmbiDomainSummary& summary) {
-  return !summary.IsAny() && IsValue(summary.lower) && IsValue(summary.upper);
-}
-
 }  // namespace
 
 AllDifferentDomain::AllDifferentDomain(TermOffsets offsets)
@@ -59,7 +54,7 @@ void AllDifferentDomain::FindCrowd(const KivOmbiObjectEnvironment& environment) 
   sizes_.assign(open_.size() + 1, 0);
   for (const unsigned i : open_) {
     const KivOmbiDomainSummary& summary = environment.Summary(i);
-    if (IsBounded(summary) && summary.cardinality < sizes_.size()) ++sizes_[summary.cardinality];
+    if (IsClosed(summary) && summary.cardinality < sizes_.size()) ++sizes_[summary.cardinality];
   }
   unsigned most_values = 0;
   unsigned arguments = 0;
@@ -71,7 +66,7 @@ void AllDifferentDomain::FindCrowd(const KivOmbiObjectEnvironment& environment) 
   ample_.clear();
   for (const unsigned i : open_) {
     const KivOmbiDomainSummary& summary = environment.Summary(i);
-    const bool is_crowded = IsBounded(summary) && summary.cardinality <= most_values;
+    const bool is_crowded = IsClosed(summary) && summary.cardinality <= most_values;
     (is_crowded ? crowd_ : ample_).push_back(i);
   }
 }

@@ -128,22 +128,28 @@ void BitMatching::FindAlwaysTaken() {
 void BitMatching::FindComponents() {
   unreached_ = always_taken_;
   open_.assign(words_, 0);
-  component_values_.clear();
+  path_.resize(place_of_.size());
+  components_.resize(place_of_.size());
+  component_values_.resize(place_of_.size() * words_);
   for (const unsigned root : waiting_) {
     if (!HasBit(unreached_, place_of_[root])) continue;
     Open(root);
-    while (!path_.empty()) {
-      const unsigned term = path_.back();
+    while (path_length_ > 0) {
+      const unsigned term = path_[path_length_ - 1];
       const unsigned next = FirstOf(term, unreached_);
       if (next != kNone) {
         Open(owner_[next]);
         continue;
       }
-      path_.pop_back();
+      --path_length_;
       Join(term);
-      if (component_starts_.back() == term) CloseComponent();
+      if (components_[component_count_ - 1] == term) CloseComponent();
     }
   }
+}
+
+BitWord* BitMatching::LastComponent() {
+  return component_values_.data() + (component_count_ - 1) * words_;
 }
 
 // Each term is a component of its own until it is found to lead back.
@@ -151,10 +157,11 @@ void BitMatching::Open(unsigned term) {
   const unsigned place = place_of_[term];
   unreached_[place / kBitsPerWord] &= ~BitOf(place);
   open_[place / kBitsPerWord] |= BitOf(place);
-  path_.push_back(term);
-  component_starts_.push_back(term);
-  component_values_.resize(component_values_.size() + words_, 0);
-  component_values_[component_values_.size() - words_ + place / kBitsPerWord] |= BitOf(place);
+  path_[path_length_++] = term;
+  components_[component_count_++] = term;
+  BitWord* const values = LastComponent();
+  for (std::size_t w = 0; w < words_; ++w) values[w] = 0;
+  values[place / kBitsPerWord] = BitOf(place);
 }
 
 // The component of `term`, the last one, takes in those before it up to the first that the term
@@ -162,29 +169,28 @@ void BitMatching::Open(unsigned term) {
 void BitMatching::Join(unsigned term) {
   const auto row = Row(term);
   const auto leads_out = [&] {
-    const BitWord* const last = component_values_.data() + component_values_.size() - words_;
+    const BitWord* const last = LastComponent();
     for (std::size_t w = 0; w < words_; ++w) {
       if ((row[w] & open_[w] & ~last[w]) != 0) return true;
     }
     return false;
   };
   while (leads_out()) {
-    BitWord* const last = component_values_.data() + component_values_.size() - words_;
-    for (std::size_t w = 0; w < words_; ++w) *(last - words_ + w) |= last[w];
-    component_values_.resize(component_values_.size() - words_);
-    component_starts_.pop_back();
+    const BitWord* const last = LastComponent();
+    --component_count_;
+    BitWord* const before = LastComponent();
+    for (std::size_t w = 0; w < words_; ++w) before[w] |= last[w];
   }
 }
 
 void BitMatching::CloseComponent() {
-  const auto values = std::span<const BitWord>(component_values_).last(words_);
+  const std::span<const BitWord> values(LastComponent(), words_);
   ForEachBit(values, [&](std::size_t place) {
     const auto row = Row(owner_[place]);
     for (std::size_t w = 0; w < words_; ++w) row[w] &= ~values[w];
   });
   for (std::size_t w = 0; w < words_; ++w) open_[w] &= ~values[w];
-  component_values_.resize(component_values_.size() - words_);
-  component_starts_.pop_back();
+  --component_count_;
 }
 
 }  // namespace kiv

@@ -38,6 +38,7 @@ class KIV_EXPORT BitMatching {
   bool Augment(unsigned root);
   void FindAlwaysTaken();
   void FindComponents();
+  BitWord* LastComponent();
   void Open(unsigned term);
   void Join(unsigned term);
   void CloseComponent();
@@ -61,8 +62,10 @@ class KIV_EXPORT BitMatching {
   BitWords unreached_;
   BitWords open_;
   std::vector<unsigned> path_;
-  std::vector<unsigned> component_starts_;
+  std::size_t path_length_ = 0;
+  std::vector<unsigned> components_;
   BitWords component_values_;
+  std::size_t component_count_ = 0;
 };
 
 }  // namespace kiv

@@ -47,11 +47,17 @@ bool ClosedSum::NarrowOne(const OpenTerms::Term& term, bool& changed) {
   std::int64_t& upwards = is_rising ? room_above_ : room_below_;
   std::int64_t& downwards = is_rising ? room_below_ : room_above_;
   const std::int64_t spread = size * (upper - lower);
-  if (spread > upwards || spread > downwards) {
-    const std::int64_t most = spread > upwards ? lower + upwards / size : upper;
-    const std::int64_t least = spread > downwards ? upper - downwards / size : lower;
-    if (TightenLower(environment_, term.argument, least) != 0) return false;
-    if (TightenUpper(environment_, term.argument, most) != 0) return false;
+  const bool is_too_high = spread > upwards;
+  const bool is_too_low = spread > downwards;
+  if (is_too_high || is_too_low) {
+    if (is_too_low) {
+      const std::int64_t least = upper - downwards / size;
+      if (TightenLower(environment_, term.argument, least) != 0) return false;
+    }
+    if (is_too_high) {
+      const std::int64_t most = lower + upwards / size;
+      if (TightenUpper(environment_, term.argument, most) != 0) return false;
+    }
     changed |= summary.lower != lower || summary.upper != upper;
     upwards -= size * (summary.lower - lower);
     downwards -= size * (upper - summary.upper);

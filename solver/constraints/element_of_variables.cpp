@@ -103,34 +103,69 @@ KivOmbiFilterResult ElementOfVariables::EquateChosen(const KivOmbiObjectEnvironm
   return fixed || environment.IsSame(element, kZ) ? kKivEntailed : 0;
 }
 
-// An index stays while its element and z have a value in common, and so does a value of z that is
-// in common at some index. The one value of a fixed z is lost with the last index only, so that
-// there only changed elements are of interest, once all were looked at.
-KivOmbiFilterResult ElementOfVariables::NarrowByBits(const KivOmbiObjectEnvironment& environment) {
-  const std::int64_t base = environment.Summary(kZ).lower;
-  const std::size_t words = CountWords(environment.Summary(kZ).upper - base + 1);
-  const bool z_is_fixed = environment.Summary(kZ).IsFixed();
-  const bool only_changed = z_is_fixed && !repeats_ && looked_at_all_ != 0;
-  wanted_.resize(words);
-  element_.resize(words);
-  found_.assign(words, 0);
-  TakeBits(environment, kZ, base, wanted_);
+// An index stays while its element and z have a value in common, which an element that did not
+// change still has once all were looked at, unless z changed.
+template <class IsCommon>
+KivOmbiFilterResult ElementOfVariables::KeepIndices(const KivOmbiObjectEnvironment& environment,
+                                                    bool only_changed, IsCommon&& is_common) {
   TakeBits(environment, kX, first_, indices_);
   lost_.clear();
   ForEachBit(indices_, [&](std::size_t index) {
     if (HasBit(open_, index)) {
       if (only_changed && !HasBit(changed_, index)) return;
-      TakeBits(environment, static_cast<unsigned>(kElements + index), base, element_);
-      for (std::size_t w = 0; w < words; ++w) found_[w] |= element_[w];
-      if (Meet(element_, wanted_)) return;
+      if (is_common(static_cast<unsigned>(kElements + index))) return;
     }
     indices_[index / kBitsPerWord] &= ~BitOf(index);
     lost_.push_back(static_cast<std::int32_t>(first_ + static_cast<std::int64_t>(index)));
   });
-  if (const auto result = RemoveValues(environment, kX, lost_)) return result;
+  return RemoveValues(environment, kX, lost_);
+}
+
+// The one value of a fixed z is lost with the last index; one of several, when no element at an
+// index that stays has it.
+KivOmbiFilterResult ElementOfVariables::NarrowByBits(const KivOmbiObjectEnvironment& environment) {
+  const bool only_changed = !repeats_ && looked_at_all_ != 0;
+  const KivOmbiDomainSummary& z = environment.Summary(kZ);
+  const auto result = z.IsFixed() ? KeepIndices(environment, only_changed,
+                                                [&, value = z.lower](unsigned element) {
+                                                  return MayBe(environment, element, value);
+                                                })
+                                  : NarrowBoth(environment, only_changed);
+  if (result != 0) return result;
+  // What z lost now no element had.
   std::ranges::fill(changed_, 0);
   environment.SetWord(looked_at_all_, 1);
-  return z_is_fixed ? 0 : RemoveUnfound(environment, base);
+  return 0;
+}
+
+KivOmbiFilterResult ElementOfVariables::NarrowBoth(const KivOmbiObjectEnvironment& environment,
+                                                   bool only_changed) {
+  const std::int64_t base = environment.Summary(kZ).lower;
+  const std::size_t words = CountWords(environment.Summary(kZ).upper - base + 1);
+  wanted_.resize(words);
+  element_.resize(words);
+  found_.assign(words, 0);
+  TakeBits(environment, kZ, base, wanted_);
+  const auto look_at = [&](unsigned element) {
+    TakeBits(environment, element, base, element_);
+    for (std::size_t w = 0; w < words; ++w) found_[w] |= element_[w];
+    return Meet(element_, wanted_);
+  };
+  if (const auto result = KeepIndices(environment, only_changed, look_at)) return result;
+  if (only_changed) {
+    ForEachBit(indices_, [&](std::size_t index) {
+      if (HasBit(changed_, index) || IsAllFound()) return;
+      look_at(static_cast<unsigned>(kElements + index));
+    });
+  }
+  return RemoveUnfound(environment, base);
+}
+
+bool ElementOfVariables::IsAllFound() const {
+  for (std::size_t w = 0; w < wanted_.size(); ++w) {
+    if ((wanted_[w] & ~found_[w]) != 0) return false;
+  }
+  return true;
 }
 
 // Removes the values of z that no element was found to have.

@@ -31,6 +31,11 @@ class KIV_EXPORT ElementOfVariables final : public KivOmbiConstraint {
   void CloseIndices(const KivOmbiObjectEnvironment& environment);
   KivOmbiFilterResult EquateChosen(const KivOmbiObjectEnvironment& environment);
   KivOmbiFilterResult NarrowByBits(const KivOmbiObjectEnvironment& environment);
+  template <class IsCommon>
+  KivOmbiFilterResult KeepIndices(const KivOmbiObjectEnvironment& environment, bool only_changed,
+                                  IsCommon&& is_common);
+  KivOmbiFilterResult NarrowBoth(const KivOmbiObjectEnvironment& environment, bool only_changed);
+  bool IsAllFound() const;
   KivOmbiFilterResult RemoveUnfound(const KivOmbiObjectEnvironment& environment, std::int64_t base);
 
   // Where the values of z do not fit a window of bits.

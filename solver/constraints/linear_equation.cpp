@@ -16,10 +16,11 @@ LinearEquation::LinearEquation(std::vector<std::int64_t> coefficients, Int128 co
     : KivOmbiConstraint(&descriptor),
       sum_(std::move(coefficients)),
       constant_(constant),
-      limits_(sum_.LimitsOf(constant, constant)) {}
+      limits_(sum_.LimitsOf(constant, constant)),
+      unit_sum_(sum_, constant) {}
 
 std::int64_t LinearEquation::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  return NarrowToEqual(environment, sum_, limits_);
+  return NarrowToEqual(environment, sum_, limits_, unit_sum_);
 }
 
 KivOmbiConstraint::Cost LinearEquation::GetCost() const { return sum_.GetCost(); }
@@ -33,7 +34,8 @@ bool LinearEquation::Holds(std::span<const std::int64_t> values) const {
 }
 
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, LinearSum& sum,
-                                  const LinearSum::Limits& limits) {
+                                  const LinearSum::Limits& limits, const UnitSum& unit_sum) {
+  if (const auto result = unit_sum.Narrow(environment)) return *result;
   const auto result = sum.NarrowTo(environment, limits);
   const bool goes_on =
       (result & kKivAtFixpoint) != 0 && (result & (kKivEntailed | kKivOverflow)) == 0;

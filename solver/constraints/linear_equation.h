@@ -5,6 +5,7 @@
 
 #include "framework/abstract_types/constraint.h"
 #include "solver/constraints/linear_sum.h"
+#include "solver/constraints/unit_sum.h"
 
 namespace kiv {
 
@@ -30,11 +31,13 @@ class KIV_EXPORT LinearEquation final : public KivOmbiConstraint {
   LinearSum sum_;
   Int128 constant_;
   LinearSum::Limits limits_;
+  UnitSum unit_sum_;
 };
 
-// What the class does in a run, for a sum over the first arguments; both limits are the constant.
+// What the class does in a run, for a sum over the first arguments; both limits are the constant,
+// and `unit_sum` is made from them.
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, LinearSum& sum,
-                                  const LinearSum::Limits& limits);
+                                  const LinearSum::Limits& limits, const UnitSum& unit_sum);
 
 // The events of an argument that can let NarrowToEqual narrow another.
 std::int64_t WakingEventsOfEquation(const LinearSum& sum);

@@ -24,6 +24,7 @@ LinearReified::LinearReified(std::vector<std::int64_t> coefficients, LinearRelat
       limits_(relation == LinearRelation::kLessOrEqual ? sum_.LimitsOf(std::nullopt, constant)
                                                        : sum_.LimitsOf(constant, constant)),
       opposite_(sum_.LimitsOf(constant + 1, std::nullopt)),
+      unit_sum_(sum_, constant),
       reification_(reification) {
   assert(relation == LinearRelation::kEqual || relation == LinearRelation::kUnequal ||
          relation == LinearRelation::kLessOrEqual);
@@ -53,7 +54,7 @@ KivOmbiFilterResult LinearReified::Impose(const KivOmbiObjectEnvironment& enviro
     return sum_.NarrowTo(environment, holds ? limits_ : opposite_);
   }
   const bool is_equal = holds == (relation_ == LinearRelation::kEqual);
-  return is_equal ? NarrowToEqual(environment, sum_, limits_)
+  return is_equal ? NarrowToEqual(environment, sum_, limits_, unit_sum_)
                   : NarrowToUnequal(environment, sum_, limits_);
 }
 

@@ -8,6 +8,7 @@
 #include "solver/constraints/linear_relation.h"
 #include "solver/constraints/linear_sum.h"
 #include "solver/constraints/reification.h"
+#include "solver/constraints/unit_sum.h"
 
 namespace kiv {
 
@@ -43,6 +44,7 @@ class KIV_EXPORT LinearReified final : public KivOmbiConstraint {
   // sum = constant, of an order relation sum <= constant; and the opposite of that.
   LinearSum::Limits limits_;
   LinearSum::Limits opposite_;
+  UnitSum unit_sum_;
   Reification reification_;
 };
 

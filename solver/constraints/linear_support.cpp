@@ -273,7 +273,8 @@ bool IsPossible(const KivOmbiObjectEnvironment& environment, const LinearSum& su
 KivOmbiFilterResult NarrowToSupported(const KivOmbiObjectEnvironment& environment,
                                       const LinearSum& sum, const LinearSum::Limits& limits) {
   if (HasNoGaps(environment, sum)) return 0;
-  if (const auto result = NarrowUnitSum(environment, sum, limits.narrow_low)) return *result;
+  if (const auto result = NarrowUnitSumToSupported(environment, sum, limits.narrow_low))
+    return *result;
   return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, limits)
                         : Narrow<Int128>(environment, sum, limits);
 }

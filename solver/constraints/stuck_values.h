@@ -17,9 +17,14 @@ class StuckValues {
   void Resize(unsigned arguments) { stuck_.resize(arguments, 0); }
   bool Has(unsigned i) const { return stuck_[i] != 0; }
 
-  // Argument i <> value. Marks the argument when it still may be.
+  // Argument i <> value. Marks the argument when it still may be. Mostly the bounds tell that it is
+  // not.
   KivOmbiFilterResult Remove(const KivOmbiObjectEnvironment& environment, unsigned i,
-                             std::int64_t value);
+                             std::int64_t value) {
+    const KivOmbiDomainSummary& summary = environment.Summary(i);
+    if (value < summary.lower || value > summary.upper) return 0;
+    return RemoveWithin(environment, i, value);
+  }
 
   // The events that may wake a constraint, and whether those of argument i must. Before its first
   // run the constraint waits for it anyway.
@@ -29,6 +34,9 @@ class StuckValues {
   }
 
  private:
+  KivOmbiFilterResult RemoveWithin(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                   std::int64_t value);
+
   std::vector<char> stuck_;
 };
 

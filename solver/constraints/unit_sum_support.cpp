@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "solver/constraints/linear_support.h"
+#include "solver/constraints/value_bits.h"
 #include "solver/constraints/value_sets.h"
 #include "solver/constraints/values.h"
 
@@ -14,13 +15,11 @@ namespace kiv {
 namespace {
 
 constexpr unsigned kWord = 64;
-// Most domains of a search have their values in so few places that one word holds them.
 constexpr unsigned kMostWords = 16;
 constexpr unsigned kNobody = ~0u;
 
 // The integers that offset + value can be, or offset - value, over the values of an argument: a bit
 // for each place from the least of them on.
-template <unsigned kWords>
 class PlacedValues {
  public:
   // Of listable argument `argument`, whose bounds are not further apart than there are places; what
@@ -36,19 +35,24 @@ class PlacedValues {
       count = summary.cardinality;
     }
     least_ = offset + (is_negated ? -std::int64_t{first_} : first_);
-    std::fill_n(words_.begin(), CountWords() + 1, std::uint64_t{0});
     std::fill_n(supported_.begin(), CountWords() + 1, std::uint64_t{0});
+    if (argument != kNobody && !is_negated) {
+      TakeBits(environment, argument, first_, std::span(words_).first(CountWords()));
+      words_[CountWords()] = 0;
+      return;
+    }
+    std::fill_n(words_.begin(), CountWords() + 1, std::uint64_t{0});
     if (count == places_) {
       SetAll();
     } else {
       ForEachValue(environment, argument, [&](std::int32_t value) {
-        const auto place = static_cast<unsigned>(is_negated_ ? first_ - value : value - first_);
+        const auto place = static_cast<unsigned>(first_ - value);
         words_[place / kWord] |= std::uint64_t{1} << place % kWord;
       });
     }
   }
 
-  unsigned CountWords() const { return kWords == 1 ? 1 : (places_ + kWord - 1) / kWord; }
+  unsigned CountWords() const { return (places_ + kWord - 1) / kWord; }
   std::int64_t Least() const { return least_; }
   std::uint64_t Word(unsigned w) const { return words_[w]; }
 
@@ -73,7 +77,7 @@ class PlacedValues {
   // Keeps the supported values of the argument.
   KivOmbiFilterResult Keep(const KivOmbiObjectEnvironment& environment) const {
     if (argument_ == kNobody) return 0;
-    std::array<std::int32_t, kWords * kWord> lost;
+    std::array<std::int32_t, kMostWords * kWord> lost;
     unsigned count = 0;
     for (unsigned w = 0; w < CountWords(); ++w) {
       for (std::uint64_t bits = words_[w] & ~supported_[w]; bits != 0; bits &= bits - 1) {
@@ -97,7 +101,7 @@ class PlacedValues {
   }
 
   // With one behind, so that a word can be read from any place.
-  using Words = std::array<std::uint64_t, kWords + 1>;
+  using Words = std::array<std::uint64_t, kMostWords + 1>;
 
   unsigned argument_;
   bool is_negated_;
@@ -126,15 +130,17 @@ TermOrder OrderOf(const KivOmbiObjectEnvironment& environment, unsigned terms) {
   return order;
 }
 
-// The equation reads a + b = d; a has the fewest values. For each of them b is shifted onto d: what
-// meets there supports all three.
-template <unsigned kWords>
+// The equation reads a + b = d, with the sign for which b is not negated; a has the fewest values.
+// For each of them b is shifted onto d: what meets there supports all three.
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
                            std::int64_t constant, const TermOrder& order) {
-  const auto is_negative = [&](unsigned i) { return i != kNobody && sum.GetCoefficients()[i] < 0; };
-  PlacedValues<kWords> a(environment, order[0], is_negative(order[0]), 0);
-  PlacedValues<kWords> b(environment, order[1], is_negative(order[1]), 0);
-  PlacedValues<kWords> d(environment, order[2], !is_negative(order[2]), constant);
+  const std::int64_t sign = sum.GetCoefficients()[order[1]];
+  const auto is_negated = [&](unsigned i) {
+    return i != kNobody && sum.GetCoefficients()[i] != sign;
+  };
+  PlacedValues a(environment, order[0], is_negated(order[0]), 0);
+  PlacedValues b(environment, order[1], false, 0);
+  PlacedValues d(environment, order[2], !is_negated(order[2]), constant * sign);
   for (unsigned w = 0; w < a.CountWords(); ++w) {
     for (std::uint64_t bits = a.Word(w); bits != 0; bits &= bits - 1) {
       const std::int64_t place = w * kWord + std::countr_zero(bits);
@@ -158,8 +164,8 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const Li
 
 }  // namespace
 
-std::optional<KivOmbiFilterResult> NarrowUnitSum(const KivOmbiObjectEnvironment& environment,
-                                                 const LinearSum& sum, std::int64_t constant) {
+std::optional<KivOmbiFilterResult> NarrowUnitSumToSupported(
+    const KivOmbiObjectEnvironment& environment, const LinearSum& sum, std::int64_t constant) {
   if (sum.Count() < 2 || sum.Count() > 3 || !sum.HasUnitsOnly()) return std::nullopt;
   std::int64_t most_places = 0;
   for (unsigned i = 0; i < sum.Count(); ++i) {
@@ -172,8 +178,7 @@ std::optional<KivOmbiFilterResult> NarrowUnitSum(const KivOmbiObjectEnvironment&
   const std::uint64_t pairs = std::uint64_t{std::max(CountValues(environment, order[0]), 1u)} *
                               CountValues(environment, order[1]);
   if (pairs > kMostPairs) return std::nullopt;
-  return most_places <= kWord ? Narrow<1>(environment, sum, constant, order)
-                              : Narrow<kMostWords>(environment, sum, constant, order);
+  return Narrow(environment, sum, constant, order);
 }
 
 }  // namespace kiv

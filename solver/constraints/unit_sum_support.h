@@ -12,7 +12,7 @@ namespace kiv {
 // domains whose values lie close together, so that sets of values are words of bits and the values
 // that one value of a term leaves for the others are found by shifting them. None, with nothing
 // done, for other sums, and where a kind does not list its values.
-std::optional<KivOmbiFilterResult> NarrowUnitSum(const KivOmbiObjectEnvironment& environment,
-                                                 const LinearSum& sum, std::int64_t constant);
+std::optional<KivOmbiFilterResult> NarrowUnitSumToSupported(
+    const KivOmbiObjectEnvironment& environment, const LinearSum& sum, std::int64_t constant);
 
 }  // namespace kiv

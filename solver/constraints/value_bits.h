@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "framework/abstract_types/constraint.h"
 #include "framework/abstract_types/environment.h"
 
 // Sets of integers as words of bits over a window: bit k of all words stands for the integer k
@@ -50,5 +51,11 @@ void ForEachBit(std::span<const BitWord> bits, Use&& use) {
 // nothing is known has all.
 KIV_EXPORT void TakeBits(const KivOmbiObjectEnvironment& environment, unsigned i, std::int64_t base,
                          std::span<BitWord> bits);
+
+// The values of argument i from its lower bound on. They are known and fit a word.
+BitWord TakeWord(const KivOmbiObjectEnvironment& environment, unsigned i);
+// Leaves the argument that has the values `word` those that are `kept`: some of them, and not all.
+KivOmbiFilterResult KeepWord(const KivOmbiObjectEnvironment& environment, unsigned i, BitWord word,
+                             BitWord kept);
 
 }  // namespace kiv

@@ -16,6 +16,16 @@ ValueSet Between(ValueSet set, const KivOmbiDomainSummary& summary) {
   return {first, std::upper_bound(first, set.end(), summary.upper)};
 }
 
+bool MayBe(const KivOmbiObjectEnvironment& environment, unsigned i, std::int32_t value) {
+  const KivOmbiDomainSummary& summary = environment.Summary(i);
+  if (value < summary.lower || value > summary.upper) return false;
+  const std::span<const SubIntBase> values = environment.Values(i);
+  if (values.empty()) return environment.Integer(i).MayBe(value);
+  const std::int64_t width = std::int64_t{summary.upper} - summary.lower + 1;
+  return width == summary.cardinality ||
+         std::ranges::binary_search(values, value, {}, &SubIntBase::GetValue);
+}
+
 bool MayBeIn(const KivOmbiObjectEnvironment& environment, unsigned i, ValueSet set) {
   const ValueSet near = Between(set, environment.Summary(i));
   return std::ranges::any_of(

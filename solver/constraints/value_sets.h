@@ -18,6 +18,9 @@ bool IsValue(std::int64_t value);
 // The values of `set` between the bounds of a domain.
 ValueSet Between(ValueSet set, const KivOmbiDomainSummary& summary);
 
+// Whether argument i may be `value`. Mostly the bounds tell.
+bool MayBe(const KivOmbiObjectEnvironment& environment, unsigned i, std::int32_t value);
+
 // Whether some value of argument i is in `set`, and whether all of them are known to be. Cost
 // O(|set|) at most.
 bool MayBeIn(const KivOmbiObjectEnvironment& environment, unsigned i, ValueSet set);

@@ -11,11 +11,15 @@ namespace kiv {
 // The most values that a constraint looks at one by one; beyond it, bounds have to do.
 inline constexpr std::uint32_t kMostListedValues = 4096;
 
-// An infinite bound is no value, so that a domain with one has no list of values.
-inline bool IsListable(const KivOmbiDomainSummary& summary) {
-  return summary.state == KivOmbiDomainSummary::kValues &&
-         summary.cardinality <= kMostListedValues && summary.lower > SubIntBase::kMin &&
+// Whether a domain holds values and has no open end. An infinite bound is no value.
+inline bool IsClosed(const KivOmbiDomainSummary& summary) {
+  return summary.state == KivOmbiDomainSummary::kValues && summary.lower > SubIntBase::kMin &&
          summary.upper < SubIntBase::kMax;
+}
+
+// A domain with an open end has no list of values.
+inline bool IsListable(const KivOmbiDomainSummary& summary) {
+  return IsClosed(summary) && summary.cardinality <= kMostListedValues;
 }
 
 // Calls `use(value)` for the values of a listable domain in ascending order. `use` may remove the

@@ -88,6 +88,30 @@ TEST(ShortWays, RemoveValuesRemovesTheListedOnes) {
   }
 }
 
+TEST(ShortWays, KeepWordKeepsTheValuesOfTheWord) {
+  std::mt19937 random(3);
+  const auto& kind = *OpenModules().FindKind("enum int");
+  for (int round = 0; round < 300; ++round) {
+    KivOmbNetwork network;
+    const auto variable = Declare(network, {&kind, SomeValues(random)});
+    const auto before = ValuesOf(DomainOf(network, variable));
+    std::uint64_t word = 0;
+    std::vector<std::int32_t> expected;
+    for (const auto value : before) {
+      if (random() % 3 == 0) continue;
+      word |= std::uint64_t{1} << (value - before.front());
+      expected.push_back(value);
+    }
+    if (expected.empty() || expected == before) continue;
+    network.PushLevel();
+    network.Update(variable,
+                   [&](KivOmbiAny& domain) { EXPECT_EQ(kind.KeepWord(domain, word), 1); });
+    EXPECT_EQ(ValuesOf(DomainOf(network, variable)), expected);
+    network.PopLevel();
+    EXPECT_EQ(ValuesOf(DomainOf(network, variable)), before);
+  }
+}
+
 TEST(ShortWays, AListingKindHandsOutItsValues) {
   KivOmbNetwork network;
   const auto& listing = *OpenModules().FindKind("enum int");
@@ -110,6 +134,7 @@ TEST(ShortWays, AKindWithoutThemSaysSo) {
   network.Update(truth, [&](KivOmbiAny& domain) {
     EXPECT_EQ(kind.KeepBetween(domain, 0, 0), KivOmbiObjectDescriptor::kNotOffered);
     EXPECT_EQ(kind.RemoveValues(domain, {}), KivOmbiObjectDescriptor::kNotOffered);
+    EXPECT_EQ(kind.KeepWord(domain, 1), KivOmbiObjectDescriptor::kNotOffered);
   });
 }
 
