@@ -101,9 +101,7 @@ Literal Brancher::Refutable(KivOmbNetwork& network, const Literal& decision) {
   return Literal::AtMost(variable, value);
 }
 
-void Brancher::Learn(const KivOmbNetwork& network, KivOmbNetwork::Outcome outcome) {
-  if (uses_activity_) activity_.NoteChanges(network);
-  if (outcome != KivOmbNetwork::Outcome::kContradiction) return;
+void Brancher::LearnFromFailure(const KivOmbNetwork& network) {
   second_cut_.reset();
   if (!uses_weights_) return;
   const auto culprit = network.GetCulprit();

@@ -38,7 +38,10 @@ class KIV_EXPORT Brancher {
   }
 
   // To be called at each node after its propagation, with what that came to.
-  void Learn(const KivOmbNetwork& network, KivOmbNetwork::Outcome outcome);
+  void Learn(const KivOmbNetwork& network, KivOmbNetwork::Outcome outcome) {
+    if (uses_activity_) activity_.NoteChanges(network);
+    if (outcome == KivOmbNetwork::Outcome::kContradiction) LearnFromFailure(network);
+  }
   // Whether its choices go by what changed at each node, so that every node needs a level of the
   // network, in which nothing else changed.
   bool FollowsChanges() const noexcept { return uses_activity_ || has_tournaments_; }
@@ -59,6 +62,7 @@ class KIV_EXPORT Brancher {
 
   std::optional<VariableId> ChooseFrom(const KivOmbNetwork& network, Block& block,
                                        std::size_t first_open);
+  void LearnFromFailure(const KivOmbNetwork& network);
   void Disturb(VariableId variable);
   void NoteChanges(const KivOmbNetwork& network);
 
