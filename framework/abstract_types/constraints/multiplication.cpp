@@ -6,6 +6,7 @@
 #include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/abstract_types/constraints/power_narrowing.h"
+#include "framework/abstract_types/constraints/product_values.h"
 
 namespace {
 
@@ -24,7 +25,8 @@ KivOmbiFilterResult NarrowProduct(const KivOmbiObjectEnvironment& environment,
           kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY}, settle)) {
     return result;
   }
-  if (!carrier.HoldsGaps()) return kKivAtFixpoint;
+  if (!carrier.HoldsGaps() || environment.AllFixed()) return kKivAtFixpoint;
+  if (const auto result = kiv::NarrowProductValues(environment, kX, kY, kZ)) return *result;
   if (const auto result = kiv::NarrowByOperation(
           environment, carrier, kZ,
           kiv::Product(kiv::HullOf(environment, kX), kiv::HullOf(environment, kY)),

@@ -3,6 +3,7 @@
 #include <array>
 #include <concepts>
 #include <cstdint>
+#include <span>
 #include <utility>
 
 #include "framework/abstract_types/constraint.h"
@@ -51,6 +52,10 @@ KIV_EXPORT bool IsBeforeOpenEnd(const KivOmbiDomainSummary& summary, std::int64_
 // Argument i <> value, but for a value before an open end.
 KIV_EXPORT KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environment, unsigned i,
                                            std::int32_t value);
+
+// Argument i loses `lost`, values of it, ascending, none of them before an open end.
+KIV_EXPORT KivOmbiFilterResult LoseValues(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                          std::span<const std::int32_t> lost);
 
 // Makes argument i empty.
 KIV_EXPORT KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment, unsigned i);
