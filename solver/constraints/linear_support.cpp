@@ -94,7 +94,7 @@ template <class Wide>
 class Triples {
  public:
   Triples(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-          const LinearSum::Limits& limits)
+          const LinearSum::Limits& limits, std::uint64_t most_pairs)
       : environment_(environment), constant_(static_cast<Wide>(*limits.low)) {
     unsigned largest = 0;
     for (unsigned i = 1; i < sum.Count(); ++i) {
@@ -104,12 +104,12 @@ class Triples {
     unsigned next = kMostSupportedTerms - sum.Count();
     std::uint64_t pairs = 1;
     for (unsigned i = 0; i < sum.Count(); ++i) {
-      if (i != largest) pairs *= std::min(Size(i), kTooMany);
+      if (i != largest) pairs *= std::min(Size(i), most_pairs + 1);
       Column& column = i == largest ? Last() : columns_[next++];
       column.argument = i;
       column.coefficient = sum.GetCoefficients()[i];
     }
-    are_few_ = pairs <= kMostPairs;
+    are_few_ = pairs <= most_pairs;
     if (!are_few_) return;
     for (Column& column : columns_) {
       if (column.argument != kNotThere) column.Load(environment);
@@ -151,8 +151,6 @@ class Triples {
   }
 
  private:
-  static constexpr std::uint64_t kTooMany = kMostPairs + 1;
-
   Column& Last() { return columns_[kMostSupportedTerms - 1]; }
 
   std::uint64_t Size(unsigned argument) const {
@@ -256,26 +254,29 @@ bool HasNoGaps(const KivOmbiObjectEnvironment& environment, const LinearSum& sum
 
 template <class Wide>
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-                           const LinearSum::Limits& limits) {
-  Triples<Wide> triples(environment, sum, limits);
+                           const LinearSum::Limits& limits, std::uint64_t most_pairs) {
+  Triples<Wide> triples(environment, sum, limits, most_pairs);
   return triples.AreFew() ? triples.Narrow() : 0;
 }
 
 template <class Wide>
 bool IsPossible(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
                 const LinearSum::Limits& limits) {
-  Triples<Wide> triples(environment, sum, limits);
+  Triples<Wide> triples(environment, sum, limits, kMostPairs);
   return !triples.AreFew() || triples.AreThereAny();
 }
 
 }  // namespace
 
 KivOmbiFilterResult NarrowToSupported(const KivOmbiObjectEnvironment& environment,
-                                      const LinearSum& sum, const LinearSum::Limits& limits) {
+                                      const LinearSum& sum, const LinearSum::Limits& limits,
+                                      std::uint64_t most_pairs) {
   if (HasNoGaps(environment, sum)) return 0;
-  if (const auto result = NarrowUnitSum(environment, sum, limits.narrow_low)) return *result;
-  return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, limits)
-                        : Narrow<Int128>(environment, sum, limits);
+  if (const auto result = NarrowUnitSum(environment, sum, limits.narrow_low, most_pairs)) {
+    return *result;
+  }
+  return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, limits, most_pairs)
+                        : Narrow<Int128>(environment, sum, limits, most_pairs);
 }
 
 bool HasSupport(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
