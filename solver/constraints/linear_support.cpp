@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
+#include <optional>
 
+#include "framework/abstract_types/constraints/bilinear_values.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/unit_sum_support.h"
@@ -252,6 +254,29 @@ bool HasNoGaps(const KivOmbiObjectEnvironment& environment, const LinearSum& sum
   return true;
 }
 
+// A sum of three terms that gives one of them, the one with the most values, a coefficient of 1 or
+// -1, says what that term is for each pair of the others. None, with nothing done, for other sums
+// and where there are too many pairs.
+std::optional<KivOmbiFilterResult> NarrowByPairs(const KivOmbiObjectEnvironment& environment,
+                                                 const LinearSum& sum, std::int64_t constant,
+                                                 std::uint64_t most_pairs) {
+  if (sum.Count() != 3 || !sum.IsNarrow()) return std::nullopt;
+  const auto count = [&](unsigned i) { return environment.Summary(i).cardinality; };
+  unsigned z = 2;
+  for (const unsigned i : {0u, 1u}) {
+    if (count(i) > count(z)) z = i;
+  }
+  const unsigned x = z == 0 ? 1 : 0;
+  const unsigned y = z == 2 ? 1 : 2;
+  const std::int64_t sign = sum.GetCoefficients()[z];
+  if (sign != 1 && sign != -1) return std::nullopt;
+  if (std::uint64_t{count(x)} * count(y) > most_pairs) return std::nullopt;
+  return NarrowBilinear(environment, x, y, z,
+                        {.constant = sign * constant,
+                         .of_x = -sign * sum.GetCoefficients()[x],
+                         .of_y = -sign * sum.GetCoefficients()[y]});
+}
+
 template <class Wide>
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
                            const LinearSum::Limits& limits, std::uint64_t most_pairs) {
@@ -273,6 +298,9 @@ KivOmbiFilterResult NarrowToSupported(const KivOmbiObjectEnvironment& environmen
                                       std::uint64_t most_pairs) {
   if (HasNoGaps(environment, sum)) return 0;
   if (const auto result = NarrowUnitSum(environment, sum, limits.narrow_low, most_pairs)) {
+    return *result;
+  }
+  if (const auto result = NarrowByPairs(environment, sum, limits.narrow_low, most_pairs)) {
     return *result;
   }
   return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, limits, most_pairs)

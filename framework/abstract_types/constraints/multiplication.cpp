@@ -2,11 +2,11 @@
 #include <utility>
 
 #include "framework/abstract_types/constraints/arithmetic.h"
+#include "framework/abstract_types/constraints/bilinear_values.h"
 #include "framework/abstract_types/constraints/ground_truth.h"
 #include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/abstract_types/constraints/power_narrowing.h"
-#include "framework/abstract_types/constraints/product_values.h"
 
 namespace {
 
@@ -26,7 +26,9 @@ KivOmbiFilterResult NarrowProduct(const KivOmbiObjectEnvironment& environment,
     return result;
   }
   if (!carrier.HoldsGaps() || environment.AllFixed()) return kKivAtFixpoint;
-  if (const auto result = kiv::NarrowProductValues(environment, kX, kY, kZ)) return *result;
+  if (const auto result = kiv::NarrowBilinear(environment, kX, kY, kZ, {.of_product = 1})) {
+    return *result != 0 ? *result : kKivAtFixpoint;
+  }
   if (const auto result = kiv::NarrowByOperation(
           environment, carrier, kZ,
           kiv::Product(kiv::HullOf(environment, kX), kiv::HullOf(environment, kY)),

@@ -1,4 +1,4 @@
-#include "framework/abstract_types/constraints/product_values.h"
+#include "framework/abstract_types/constraints/bilinear_values.h"
 
 #include <algorithm>
 #include <array>
@@ -117,18 +117,26 @@ class MarkedValues {
   Bits<kMostValues> marks_;
 };
 
-// What z may be, in the three shapes that follow: each can mark the products of a row, which are
-// x * y for the values y of the other factor at the positions [first, last), all of them between
-// the bounds of z. It answers whether any is possible.
+// What one value of an operand makes of z for each value y of the other: offset + step * y.
+struct Line {
+  std::int64_t offset;
+  std::int64_t step;
 
-// Where z is known by its bounds alone, all of them are.
+  std::int64_t At(std::int64_t y) const { return offset + step * y; }
+};
+
+// What z may be, in the three shapes that follow: each can mark a row, which is what a line makes
+// of the values of y at the positions [first, last), all of it between the bounds of z. It answers
+// whether anything of it is possible.
+
+// Where z is known by its bounds alone, all of it is.
 class Range {
  public:
-  std::uint64_t MarkRow(std::int64_t x, MarkedValues& y, std::size_t first, std::size_t last) {
+  std::uint64_t MarkRow(const Line& line, MarkedValues& y, std::size_t first, std::size_t last) {
     if (first == last) return 0;
     for (std::size_t j = first; j < last; ++j) y.Mark(j, 1);
-    for (const std::int64_t product : {x * y.At(first), x * y.At(last - 1)}) {
-      hull_ = Union(hull_, {product, product});
+    for (const std::int64_t end : {line.At(y.At(first)), line.At(y.At(last - 1))}) {
+      hull_ = Union(hull_, {end, end});
     }
     return 1;
   }
@@ -143,7 +151,11 @@ class Range {
 // Where the values of z lie close together: a bit for each integer between its bounds.
 class Window {
  public:
-  static constexpr std::int64_t kMostPlaces = std::int64_t{1} << 15;
+  // A word of bits costs about as much as a value.
+  static bool Suits(const KivOmbiDomainSummary& z) {
+    const auto places = static_cast<std::size_t>(std::int64_t{z.upper} - z.lower + 1);
+    return places <= kMostPlaces && CountWords(places) <= kFewWords + z.cardinality;
+  }
 
   Window(const KivOmbiObjectEnvironment& environment, unsigned z)
       : lower_(environment.Summary(z).lower) {
@@ -157,10 +169,10 @@ class Window {
   }
 
   // Without a branch for each pair, none of which could be foreseen.
-  std::uint64_t MarkRow(std::int64_t x, MarkedValues& y, std::size_t first, std::size_t last) {
+  std::uint64_t MarkRow(const Line& line, MarkedValues& y, std::size_t first, std::size_t last) {
     std::uint64_t any = 0;
     for (std::size_t j = first; j < last; ++j) {
-      const std::size_t place = PlaceOf(x * y.At(j));
+      const std::size_t place = PlaceOf(line.At(y.At(j)));
       const std::uint64_t bit = values_.Get(place);
       marks_.Add(place, bit);
       y.Mark(j, bit);
@@ -177,6 +189,9 @@ class Window {
   }
 
  private:
+  static constexpr std::size_t kMostPlaces = std::size_t{1} << 15;
+  static constexpr std::size_t kFewWords = 16;
+
   std::size_t PlaceOf(std::int64_t value) const { return static_cast<std::size_t>(value - lower_); }
 
   std::int64_t lower_;
@@ -184,19 +199,19 @@ class Window {
   Bits<kMostPlaces> marks_;
 };
 
-// Where they lie far apart: the products of a row, ascending, are looked up in the list.
+// Where they lie far apart: a row, ascending, is looked up in the list.
 class List {
  public:
   List(const KivOmbiObjectEnvironment& environment, unsigned z) { values_.Load(environment, z); }
 
-  std::uint64_t MarkRow(std::int64_t x, MarkedValues& y, std::size_t first, std::size_t last) {
+  std::uint64_t MarkRow(const Line& line, MarkedValues& y, std::size_t first, std::size_t last) {
     std::uint64_t any = 0;
     std::size_t place = 0;
     for (std::size_t k = first; k < last; ++k) {
-      const std::size_t j = x < 0 ? first + last - 1 - k : k;
-      const std::int64_t product = x * y.At(j);
-      place = values_.FindFrom(place, product);
-      const std::uint64_t bit = values_.At(place) == product;
+      const std::size_t j = line.step < 0 ? first + last - 1 - k : k;
+      const std::int64_t value = line.At(y.At(j));
+      place = values_.FindFrom(place, value);
+      const std::uint64_t bit = values_.At(place) == value;
       values_.Mark(place, bit);
       y.Mark(j, bit);
       any |= bit;
@@ -211,16 +226,15 @@ class List {
   MarkedValues values_;
 };
 
-// The positions of the values y with lower <= x * y <= upper.
-std::pair<std::size_t, std::size_t> RowBetween(std::int64_t x, const MarkedValues& y,
+// The positions of the values of y that a line takes to where z lies.
+std::pair<std::size_t, std::size_t> RowBetween(const Line& line, const MarkedValues& y,
                                                const KivOmbiDomainSummary& z) {
-  // The products rise with y for a positive x and fall for a negative one.
   const auto count_while = [&](auto&& is_before) {
     std::size_t first = 0;
     std::size_t last = y.Count();
     while (first < last) {
       const std::size_t middle = first + (last - first) / 2;
-      if (is_before(x * y.At(middle))) {
+      if (is_before(line.At(y.At(middle)))) {
         first = middle + 1;
       } else {
         last = middle;
@@ -228,26 +242,26 @@ std::pair<std::size_t, std::size_t> RowBetween(std::int64_t x, const MarkedValue
     }
     return first;
   };
-  if (x >= 0) {
-    return {count_while([&](std::int64_t product) { return product < z.lower; }),
-            count_while([&](std::int64_t product) { return product <= z.upper; })};
+  if (line.step >= 0) {
+    return {count_while([&](std::int64_t value) { return value < z.lower; }),
+            count_while([&](std::int64_t value) { return value <= z.upper; })};
   }
-  return {count_while([&](std::int64_t product) { return product > z.upper; }),
-          count_while([&](std::int64_t product) { return product >= z.lower; })};
+  return {count_while([&](std::int64_t value) { return value > z.upper; }),
+          count_while([&](std::int64_t value) { return value >= z.lower; })};
 }
 
-template <class Products>
+template <class Results>
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, MarkedValues& x,
-                           MarkedValues& y, unsigned z, Products products) {
+                           MarkedValues& y, unsigned z, const Bilinear& form, Results&& results) {
   const KivOmbiDomainSummary& summary = environment.Summary(z);
   for (std::size_t i = 0; i < x.Count(); ++i) {
-    const auto [first, last] = RowBetween(x.At(i), y, summary);
-    x.Mark(i, products.MarkRow(x.At(i), y, first, last));
+    const Line line{form.constant + form.of_x * x.At(i), form.of_y + form.of_product * x.At(i)};
+    const auto [first, last] = RowBetween(line, y, summary);
+    x.Mark(i, results.MarkRow(line, y, first, last));
   }
-  if (const auto result = products.Keep(environment, z)) return result;
+  if (const auto result = results.Keep(environment, z)) return result;
   if (const auto result = x.KeepMarked(environment)) return result;
-  if (const auto result = y.KeepMarked(environment)) return result;
-  return kKivAtFixpoint;
+  return y.KeepMarked(environment);
 }
 
 bool IsFinite(const KivOmbiDomainSummary& summary) {
@@ -257,22 +271,24 @@ bool IsFinite(const KivOmbiDomainSummary& summary) {
 
 }  // namespace
 
-std::optional<KivOmbiFilterResult> NarrowProductValues(const KivOmbiObjectEnvironment& environment,
-                                                       unsigned x, unsigned y, unsigned z) {
+std::optional<KivOmbiFilterResult> NarrowBilinear(const KivOmbiObjectEnvironment& environment,
+                                                  unsigned x, unsigned y, unsigned z,
+                                                  Bilinear form) {
   for (const unsigned i : {x, y, z}) {
     if (!IsFinite(environment.Summary(i))) return std::nullopt;
   }
   // Fewer rows are longer rows.
-  if (environment.Summary(x).cardinality > environment.Summary(y).cardinality) std::swap(x, y);
+  if (environment.Summary(x).cardinality > environment.Summary(y).cardinality) {
+    std::swap(x, y);
+    std::swap(form.of_x, form.of_y);
+  }
   MarkedValues rows;
   MarkedValues columns;
   if (!rows.Load(environment, x) || !columns.Load(environment, y)) return std::nullopt;
-  if (environment.Values(z).empty()) return Narrow(environment, rows, columns, z, Range());
-  const KivOmbiDomainSummary& summary = environment.Summary(z);
-  const std::int64_t places = std::int64_t{summary.upper} - summary.lower + 1;
-  return places <= Window::kMostPlaces
-             ? Narrow(environment, rows, columns, z, Window(environment, z))
-             : Narrow(environment, rows, columns, z, List(environment, z));
+  if (environment.Values(z).empty()) return Narrow(environment, rows, columns, z, form, Range());
+  return Window::Suits(environment.Summary(z))
+             ? Narrow(environment, rows, columns, z, form, Window(environment, z))
+             : Narrow(environment, rows, columns, z, form, List(environment, z));
 }
 
 }  // namespace kiv
