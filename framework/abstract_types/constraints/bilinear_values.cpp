@@ -19,34 +19,6 @@ namespace {
 constexpr std::size_t kMostValues = 1024;
 constexpr std::size_t kWord = 64;
 
-constexpr std::size_t CountWords(std::size_t bits) { return (bits + kWord - 1) / kWord; }
-
-// A set of numbers from 0 on that are less than `kMost`. It costs what is used of it.
-template <std::size_t kMost>
-class Bits {
- public:
-  void Clear(std::size_t size) {
-    words_in_use_ = CountWords(size);
-    std::fill_n(words_.begin(), words_in_use_, std::uint64_t{0});
-  }
-  std::uint64_t Get(std::size_t i) const { return words_[i / kWord] >> i % kWord & 1; }
-  // Adds i when `bit` is 1, nothing when it is 0.
-  void Add(std::size_t i, std::uint64_t bit) { words_[i / kWord] |= bit << i % kWord; }
-  // Calls `use(i)` for each number of this that is not in `other`, ascending.
-  template <class Use>
-  void ForEachBut(const Bits& other, Use&& use) const {
-    for (std::size_t w = 0; w < words_in_use_; ++w) {
-      for (std::uint64_t bits = words_[w] & ~other.words_[w]; bits != 0; bits &= bits - 1) {
-        use(w * kWord + static_cast<std::size_t>(std::countr_zero(bits)));
-      }
-    }
-  }
-
- private:
-  std::size_t words_in_use_ = 0;
-  std::array<std::uint64_t, CountWords(kMost)> words_;
-};
-
 // Values that an argument is to lose, ascending.
 class LostValues {
  public:
@@ -65,31 +37,42 @@ class MarkedValues {
  public:
   // False where there are too many values.
   bool Load(const KivOmbiObjectEnvironment& environment, unsigned argument) {
-    const KivOmbiDomainSummary& summary = environment.Summary(argument);
     argument_ = argument;
-    first_ = summary.lower;
-    count_ = summary.cardinality;
-    listed_ = environment.Values(argument);
-    if (count_ > kMostValues) return false;
-    marks_.Clear(count_);
+    values_ = environment.Values(argument);
+    if (values_.empty() && !Generate(environment.Summary(argument))) return false;
+    if (Count() > kMostValues) return false;
+    std::fill_n(marks_.begin(), (Count() + kWord - 1) / kWord, std::uint64_t{0});
     return true;
   }
 
-  std::size_t Count() const { return count_; }
-  // A kind that lists no values has all between its bounds.
-  std::int64_t At(std::size_t i) const {
-    return listed_.empty() ? first_ + static_cast<std::int64_t>(i) : listed_[i].GetValue();
+  std::size_t Count() const { return values_.size(); }
+  std::int64_t At(std::size_t i) const { return values_[i].GetValue(); }
+  std::span<const SubIntBase> Get() const { return values_; }
+  // Marks the value at i when `bit` is 1.
+  void Mark(std::size_t i, std::uint64_t bit) { marks_[i / kWord] |= bit << i % kWord; }
+  // Marks the values at [first, last) for which `test(value)` is 1, not 0; returns whether any was.
+  template <class Test>
+  std::uint64_t MarkIf(std::size_t first, std::size_t last, Test&& test) {
+    std::uint64_t any = 0;
+    while (first < last) {
+      const std::size_t word = first / kWord;
+      const std::size_t end = std::min(last, (word + 1) * kWord);
+      std::uint64_t bits = 0;
+      for (; first < end; ++first) bits |= test(At(first)) << first % kWord;
+      marks_[word] |= bits;
+      any |= bits;
+    }
+    return any != 0;
   }
-  void Mark(std::size_t i, std::uint64_t bit) { marks_.Add(i, bit); }
   // The position of the first value from `from` on that is not less than `value`. Short ways are
   // short.
   std::size_t FindFrom(std::size_t from, std::int64_t value) const {
     std::size_t step = 1;
-    while (from + step < count_ && At(from + step) < value) {
+    while (from + step < Count() && At(from + step) < value) {
       from += step;
       step *= 2;
     }
-    std::size_t end = std::min(from + step, count_);
+    std::size_t end = std::min(from + step, Count());
     while (from < end) {
       const std::size_t middle = from + (end - from) / 2;
       if (At(middle) < value) {
@@ -103,18 +86,31 @@ class MarkedValues {
 
   KivOmbiFilterResult KeepMarked(const KivOmbiObjectEnvironment& environment) const {
     LostValues lost;
-    for (std::size_t i = 0; i < count_; ++i) {
-      if (marks_.Get(i) == 0) lost.Add(static_cast<std::int32_t>(At(i)));
+    for (std::size_t w = 0; w * kWord < Count(); ++w) {
+      const std::size_t places = std::min(Count() - w * kWord, kWord);
+      for (std::uint64_t bits = ~marks_[w] & (~std::uint64_t{0} >> (kWord - places)); bits != 0;
+           bits &= bits - 1) {
+        lost.Add(values_[w * kWord + static_cast<std::size_t>(std::countr_zero(bits))].GetValue());
+      }
     }
     return lost.Take(environment, argument_);
   }
 
  private:
+  // A kind that lists no values has all between its bounds.
+  bool Generate(const KivOmbiDomainSummary& summary) {
+    if (summary.cardinality > generated_.size()) return false;
+    for (std::uint32_t i = 0; i < summary.cardinality; ++i) {
+      generated_[i] = summary.lower + static_cast<std::int32_t>(i);
+    }
+    values_ = std::span(generated_).first(summary.cardinality);
+    return true;
+  }
+
   unsigned argument_ = 0;
-  std::int64_t first_ = 0;
-  std::size_t count_ = 0;
-  std::span<const SubIntBase> listed_;
-  Bits<kMostValues> marks_;
+  std::span<const SubIntBase> values_;
+  std::array<SubIntBase, 16> generated_;
+  std::array<std::uint64_t, kMostValues / kWord> marks_;
 };
 
 // What one value of an operand makes of z for each value y of the other: offset + step * y.
@@ -134,7 +130,7 @@ class Range {
  public:
   std::uint64_t MarkRow(const Line& line, MarkedValues& y, std::size_t first, std::size_t last) {
     if (first == last) return 0;
-    for (std::size_t j = first; j < last; ++j) y.Mark(j, 1);
+    y.MarkIf(first, last, [](std::int64_t) { return std::uint64_t{1}; });
     for (const std::int64_t end : {line.At(y.At(first)), line.At(y.At(last - 1))}) {
       hull_ = Union(hull_, {end, end});
     }
@@ -148,55 +144,52 @@ class Range {
   Hull hull_ = kEmptyHull;
 };
 
-// Where the values of z lie close together: a bit for each integer between its bounds.
+// Where the values of z lie close together: what is known of each integer between its bounds.
 class Window {
  public:
-  // A word of bits costs about as much as a value.
-  static bool Suits(const KivOmbiDomainSummary& z) {
+  // To clear a place takes a small part of a look-up in a list.
+  static bool Suits(const KivOmbiDomainSummary& z, std::size_t pairs) {
     const auto places = static_cast<std::size_t>(std::int64_t{z.upper} - z.lower + 1);
-    return places <= kMostPlaces && CountWords(places) <= kFewWords + z.cardinality;
+    return places <= kMostPlaces && places <= 16 * (pairs + kWord);
   }
 
   Window(const KivOmbiObjectEnvironment& environment, unsigned z)
-      : lower_(environment.Summary(z).lower) {
-    const auto places =
-        static_cast<std::size_t>(std::int64_t{environment.Summary(z).upper} - lower_ + 1);
-    values_.Clear(places);
-    marks_.Clear(places);
-    for (const SubIntBase value : environment.Values(z)) {
-      values_.Add(PlaceOf(value.GetValue()), 1);
-    }
+      : values_(environment.Values(z)), lower_(environment.Summary(z).lower) {
+    const auto places = std::int64_t{environment.Summary(z).upper} - lower_ + 1;
+    std::fill_n(states_.begin(), places, kNoValue);
+    for (const SubIntBase value : values_) states_[PlaceOf(value.GetValue())] = kUnmarked;
   }
 
   // Without a branch for each pair, none of which could be foreseen.
   std::uint64_t MarkRow(const Line& line, MarkedValues& y, std::size_t first, std::size_t last) {
-    std::uint64_t any = 0;
-    for (std::size_t j = first; j < last; ++j) {
-      const std::size_t place = PlaceOf(line.At(y.At(j)));
-      const std::uint64_t bit = values_.Get(place);
-      marks_.Add(place, bit);
-      y.Mark(j, bit);
-      any |= bit;
-    }
-    return any;
+    std::uint8_t* const states = states_.data();
+    const Line places{line.offset - lower_, line.step};
+    return y.MarkIf(first, last, [=](std::int64_t value) {
+      std::uint8_t& state = states[places.At(value)];
+      const std::uint8_t is_value = state & kUnmarked;
+      state = static_cast<std::uint8_t>(is_value | is_value << 1);
+      return std::uint64_t{is_value};
+    });
   }
   KivOmbiFilterResult Keep(const KivOmbiObjectEnvironment& environment, unsigned z) const {
     LostValues lost;
-    values_.ForEachBut(marks_, [&](std::size_t place) {
-      lost.Add(static_cast<std::int32_t>(lower_ + static_cast<std::int64_t>(place)));
-    });
+    for (const SubIntBase value : values_) {
+      if (states_[PlaceOf(value.GetValue())] == kUnmarked) lost.Add(value.GetValue());
+    }
     return lost.Take(environment, z);
   }
 
  private:
   static constexpr std::size_t kMostPlaces = std::size_t{1} << 15;
-  static constexpr std::size_t kFewWords = 16;
+  // A value that is marked has a second bit.
+  static constexpr std::uint8_t kNoValue = 0;
+  static constexpr std::uint8_t kUnmarked = 1;
 
   std::size_t PlaceOf(std::int64_t value) const { return static_cast<std::size_t>(value - lower_); }
 
+  std::span<const SubIntBase> values_;
   std::int64_t lower_;
-  Bits<kMostPlaces> values_;
-  Bits<kMostPlaces> marks_;
+  std::array<std::uint8_t, kMostPlaces> states_;
 };
 
 // Where they lie far apart: a row, ascending, is looked up in the list.
@@ -286,7 +279,7 @@ std::optional<KivOmbiFilterResult> NarrowBilinear(const KivOmbiObjectEnvironment
   MarkedValues columns;
   if (!rows.Load(environment, x) || !columns.Load(environment, y)) return std::nullopt;
   if (environment.Values(z).empty()) return Narrow(environment, rows, columns, z, form, Range());
-  return Window::Suits(environment.Summary(z))
+  return Window::Suits(environment.Summary(z), rows.Count() * columns.Count())
              ? Narrow(environment, rows, columns, z, form, Window(environment, z))
              : Narrow(environment, rows, columns, z, form, List(environment, z));
 }
