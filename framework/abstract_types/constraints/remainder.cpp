@@ -12,6 +12,17 @@ enum Argument : unsigned { kX, kY, kZ, kArguments };
 const KivOmbiOperatorConstraintDescriptor<KivOmbiRemainderConstraint> remainder(
     "KivOmbiRemainderConstraint", kArguments, 0, true);
 
+// Whether each operation leaves exactly the values that are part of a solution: where all arguments
+// list theirs, and there are so few pairs that the kind can collect all remainders. What one
+// operation removes was no reason for another to keep anything then.
+bool AreExact(const KivOmbiObjectEnvironment& environment) {
+  constexpr std::uint64_t kMostCollected = 1024;
+  const std::uint64_t pairs =
+      std::uint64_t{environment.Summary(kX).cardinality} * environment.Summary(kY).cardinality;
+  return pairs <= kMostCollected && !environment.Values(kX).empty() &&
+         !environment.Values(kY).empty() && !environment.Values(kZ).empty();
+}
+
 // A fixed modulus is right as soon as there are dividends left for it, which are exact then.
 void NarrowBounds(std::array<kiv::Hull, kArguments>& hulls) {
   auto& [z, x, y] = hulls;
@@ -39,6 +50,7 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
   }
   // A modulus that was unknown may have got a 0 since it was removed.
   if (!carrier.HoldsGaps()) return is_modulus_known ? kKivAtFixpoint : 0;
+  const bool is_exact = is_modulus_known && AreExact(environment);
   if (const auto result = kiv::NarrowByOperation(
           environment, carrier, kZ, kiv::Remainder(hull(kX), hull(kY)),
           [](KivOmbiInteger& z, const KivOmbiInteger& x, const KivOmbiInteger& y) {
@@ -55,12 +67,15 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
           kZ, kY)) {
     return result;
   }
-  return kiv::NarrowByOperation(
-      environment, carrier, kY, kiv::Modulus(hull(kX), hull(kY), hull(kZ)),
-      [](KivOmbiInteger& y, const KivOmbiInteger& z, const KivOmbiInteger& x) {
-        return z.CalcSecondInverseModValue(x, y);
-      },
-      kZ, kX);
+  if (const auto result = kiv::NarrowByOperation(
+          environment, carrier, kY, kiv::Modulus(hull(kX), hull(kY), hull(kZ)),
+          [](KivOmbiInteger& y, const KivOmbiInteger& z, const KivOmbiInteger& x) {
+            return z.CalcSecondInverseModValue(x, y);
+          },
+          kZ, kX)) {
+    return result;
+  }
+  return is_exact ? kKivAtFixpoint : 0;
 }
 
 }  // namespace
