@@ -219,12 +219,17 @@ class List {
   MarkedValues values_;
 };
 
-// The positions of the values of y that a line takes to where z lies.
+// The positions of the values of y that a line takes to where z lies: mostly all of them.
 std::pair<std::size_t, std::size_t> RowBetween(const Line& line, const MarkedValues& y,
                                                const KivOmbiDomainSummary& z) {
+  const std::size_t count = y.Count();
+  const auto is_inside = [&](std::size_t i) {
+    const std::int64_t value = line.At(y.At(i));
+    return z.lower <= value && value <= z.upper;
+  };
   const auto count_while = [&](auto&& is_before) {
     std::size_t first = 0;
-    std::size_t last = y.Count();
+    std::size_t last = count;
     while (first < last) {
       const std::size_t middle = first + (last - first) / 2;
       if (is_before(line.At(y.At(middle)))) {
@@ -235,12 +240,14 @@ std::pair<std::size_t, std::size_t> RowBetween(const Line& line, const MarkedVal
     }
     return first;
   };
-  if (line.step >= 0) {
-    return {count_while([&](std::int64_t value) { return value < z.lower; }),
-            count_while([&](std::int64_t value) { return value <= z.upper; })};
-  }
-  return {count_while([&](std::int64_t value) { return value > z.upper; }),
-          count_while([&](std::int64_t value) { return value >= z.lower; })};
+  const bool rises = line.step >= 0;
+  const std::size_t first = is_inside(0) ? 0 : count_while([&](std::int64_t value) {
+    return rises ? value < z.lower : value > z.upper;
+  });
+  const std::size_t last = is_inside(count - 1) ? count : count_while([&](std::int64_t value) {
+    return rises ? value <= z.upper : value >= z.lower;
+  });
+  return {first, last};
 }
 
 template <class Results>
