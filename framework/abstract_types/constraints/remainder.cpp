@@ -93,6 +93,10 @@ std::int64_t KivOmbiRemainderConstraint::Filter(const KivOmbiObjectEnvironment& 
   return kiv::IsEnd(result) ? result : result | Settle(environment);
 }
 
+std::int64_t KivOmbiRemainderConstraint::GetWakingEvents(unsigned, unsigned) const {
+  return GetCarrier().HoldsGaps() ? kKivAnyEvent : kKivBounds;
+}
+
 bool KivOmbiRemainderConstraint::Holds(std::span<const std::int64_t> values) const {
   return kiv::ground_truth::IsRemainder(values[kX], values[kY], values[kZ]);
 }
