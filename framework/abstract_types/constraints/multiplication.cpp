@@ -86,10 +86,6 @@ std::int64_t KivOmbiMultiplicationConstraint::Filter(const KivOmbiObjectEnvironm
   return kiv::IsEnd(result) ? result : result | Settle(environment);
 }
 
-std::int64_t KivOmbiMultiplicationConstraint::GetWakingEvents(unsigned, unsigned) const {
-  return GetCarrier().HoldsGaps() ? kKivAnyEvent : kKivBounds;
-}
-
 bool KivOmbiMultiplicationConstraint::Holds(std::span<const std::int64_t> values) const {
   return kiv::ground_truth::IsProduct(values[kX], values[kY], values[kZ]);
 }
