@@ -51,8 +51,13 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
   // A modulus that was unknown may have got a 0 since it was removed.
   if (!carrier.HoldsGaps()) return is_modulus_known ? kKivAtFixpoint : 0;
   const bool is_exact = is_modulus_known && AreExact(environment);
+  // The bounds are at rest: only an unknown argument has to hear more than its own.
+  const auto candidates = [&](unsigned i, auto&& compute) {
+    return environment.Summary(i).IsAny() ? compute() : hull(i);
+  };
   if (const auto result = kiv::NarrowByOperation(
-          environment, carrier, kZ, kiv::Remainder(hull(kX), hull(kY)),
+          environment, carrier, kZ,
+          candidates(kZ, [&] { return kiv::Remainder(hull(kX), hull(kY)); }),
           [](KivOmbiInteger& z, const KivOmbiInteger& x, const KivOmbiInteger& y) {
             return z.CalcModValue(x, y);
           },
@@ -60,7 +65,8 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
     return result;
   }
   if (const auto result = kiv::NarrowByOperation(
-          environment, carrier, kX, kiv::Dividend(hull(kX), hull(kY), hull(kZ)),
+          environment, carrier, kX,
+          candidates(kX, [&] { return kiv::Dividend(hull(kX), hull(kY), hull(kZ)); }),
           [](KivOmbiInteger& x, const KivOmbiInteger& z, const KivOmbiInteger& y) {
             return z.CalcFirstInverseModValue(x, y);
           },
@@ -68,7 +74,8 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
     return result;
   }
   if (const auto result = kiv::NarrowByOperation(
-          environment, carrier, kY, kiv::Modulus(hull(kX), hull(kY), hull(kZ)),
+          environment, carrier, kY,
+          candidates(kY, [&] { return kiv::Modulus(hull(kX), hull(kY), hull(kZ)); }),
           [](KivOmbiInteger& y, const KivOmbiInteger& z, const KivOmbiInteger& x) {
             return z.CalcSecondInverseModValue(x, y);
           },
