@@ -49,7 +49,7 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
     return result;
   }
   // A modulus that was unknown may have got a 0 since it was removed.
-  if (!carrier.HoldsGaps()) return is_modulus_known ? kKivAtFixpoint : 0;
+  if (!carrier.HoldsGaps() || environment.AllFixed()) return is_modulus_known ? kKivAtFixpoint : 0;
   const bool is_exact = is_modulus_known && AreExact(environment);
   // The bounds are at rest: only an unknown argument has to hear more than its own.
   const auto candidates = [&](unsigned i, auto&& compute) {
