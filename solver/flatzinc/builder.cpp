@@ -204,16 +204,18 @@ void Builder::NoteOrigin(std::uint32_t offset) {
   origins_.resize(network_.CountConstraints(), offset);
 }
 
+bool Builder::IsOverSets(std::span<const VariableId> variables, Strength strength) const {
+  if (strength != Strength::kAutomatic) return strength == Strength::kDomain;
+  return std::ranges::all_of(variables, [&](VariableId variable) {
+    return network_.GetSummary(variable).cardinality <= kMostEnumerated;
+  });
+}
+
 const KivOmbiCompoundObjectDescriptor& Builder::FindRow(std::string_view symbol,
                                                         std::size_t operands,
                                                         std::span<const VariableId> variables,
                                                         Strength strength) const {
-  const auto is_set = [&](VariableId variable) {
-    return network_.GetSummary(variable).cardinality <= kMostEnumerated;
-  };
-  const bool over_sets = strength == Strength::kDomain || (strength == Strength::kAutomatic &&
-                                                           std::ranges::all_of(variables, is_set));
-  const std::vector kinds(operands, over_sets ? &enumerated_ : &interval_);
+  const std::vector kinds(operands, IsOverSets(variables, strength) ? &enumerated_ : &interval_);
   const KivOmbiCompoundObjectDescriptor* row = vocabulary_.GetOperators().Resolve(symbol, kinds);
   if (row == nullptr) {
     throw std::runtime_error("no module that is loaded has the operator '" + std::string(symbol) +

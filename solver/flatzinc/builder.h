@@ -55,9 +55,11 @@ class KIV_EXPORT Builder {
     return origins_[constraint];
   }
 
-  // Posts `left symbol right = result` by a row of the operator: over sets or over bounds as
-  // `strength` says. If it leaves that open, over sets where all three have at most 1024 values as
-  // the domains are.
+  // Whether to compute with the sets of values of the variables, not with their bounds alone, as
+  // `strength` says. If it leaves that open, where all have at most 1024 values as they are.
+  bool IsOverSets(std::span<const VariableId> variables, Strength strength) const;
+
+  // Posts `left symbol right = result` by a row of the operator: over sets or over bounds.
   void PostOperator(std::string_view symbol, VariableId left, VariableId right, VariableId result,
                     Strength strength);
   // The same for an operator with one operand.

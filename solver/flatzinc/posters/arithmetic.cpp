@@ -1,3 +1,6 @@
+#include <utility>
+#include <vector>
+
 #include "solver/constraints/extremum.h"
 #include "solver/constraints/truncated_power.h"
 #include "solver/flatzinc/poster_table.h"
@@ -44,15 +47,15 @@ void Operate(const Posting& posting) {
   PostOperator(posting, SymbolOf(op), form);
 }
 
-// Between sets the operators of the framework may leave values without support.
+// Over sets the class for any number of operands leaves no value without support, and sooner than
+// the operator.
 template <Extremum::Which which, TruthForm form>
 void TakeExtremum(const Posting& posting) {
-  if (posting.GetStrength() != Strength::kDomain) {
-    constexpr auto kOperator = which == Extremum::kLeast ? Operator::kLeast : Operator::kGreatest;
-    return Operate<kOperator, form>(posting);
+  std::vector variables = {posting.GetVariable(2), posting.GetVariable(0), posting.GetVariable(1)};
+  if (posting.GetBuilder().IsOverSets(variables, posting.GetStrength())) {
+    return posting.Emplace<Extremum>(form, std::move(variables), which);
   }
-  posting.Emplace<Extremum>(
-      form, {posting.GetVariable(2), posting.GetVariable(0), posting.GetVariable(1)}, which);
+  Operate<which == Extremum::kLeast ? Operator::kLeast : Operator::kGreatest, form>(posting);
 }
 
 template <TruthForm form>

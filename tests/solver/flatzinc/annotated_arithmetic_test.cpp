@@ -123,8 +123,9 @@ Set RandomSet(Generator& random, int reach, int most) {
 // Sets of which something is left in most cases: z takes results, and others that are none. Few
 // values or many, close together or far apart.
 Sets RandomSets(Generator& random, const Function& function) {
-  // More than 1024 remainders are not told apart.
-  const bool has_many = OneIn(random, 10) && std::string_view(function.name) != "mod";
+  // Quotients and remainders are looked at one by one while there are few pairs of operands.
+  const std::string_view name = function.name;
+  const bool has_many = OneIn(random, 10) && name != "div" && name != "mod";
   const int most = has_many ? 120 : 10;
   const bool is_steep = std::string_view(function.call).starts_with("int_pow");
   const int reach = is_steep ? 6 : OneIn(random, 3) ? 5000 : Pick(random, 6, 3 * most);
