@@ -48,6 +48,8 @@ const std::vector<SearchCase>& SearchCases() {
        kAll},
       {"row_of_remainders_12_bounds", "row_of_remainders", "n=12;strength=bounds_propagation",
        kAll},
+      {"row_of_extrema_10_domain", "row_of_extrema", "n=10;strength=domain_propagation", kAll},
+      {"row_of_extrema_10_bounds", "row_of_extrema", "n=10;strength=bounds_propagation", kAll},
       {"prime_square_100_domain", "prime_square", "n=100;strength=domain_propagation", kAll},
       {"prime_square_100_bounds", "prime_square", "n=100;strength=bounds_propagation", kAll},
       {"product_square_100_domain", "product_square", "n=100;strength=domain_propagation", kAll},
