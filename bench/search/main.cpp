@@ -118,7 +118,7 @@ bool FoundTheSame(const SearchCase& measured, const Findings& a, const Findings&
 class Table {
  public:
   Table() {
-    std::cout << std::left << std::setw(26) << "case" << std::right << std::setw(9) << "failures"
+    std::cout << std::left << std::setw(32) << "case" << std::right << std::setw(9) << "failures"
               << std::setw(10) << "(gecode)" << std::setw(9) << "kiv s" << std::setw(10)
               << "gecode s" << std::setw(8) << "ratio" << std::setw(11) << "knodes/s"
               << std::setw(10) << "(gecode)" << std::setw(8) << "MB" << std::setw(10) << "(gecode)"
@@ -127,7 +127,7 @@ class Table {
 
   void Add(const SearchCase& measured, const Contender& kiv, const Contender& gecode) {
     const double ratio = Median(kiv.seconds) / Median(gecode.seconds);
-    std::cout << std::left << std::setw(26) << measured.name << std::right << std::fixed
+    std::cout << std::left << std::setw(32) << measured.name << std::right << std::fixed
               << std::setprecision(0) << std::setw(9) << kiv.findings.failures << std::setw(10)
               << gecode.findings.failures << std::setprecision(3) << std::setw(9)
               << Median(kiv.seconds) << std::setw(10) << Median(gecode.seconds)

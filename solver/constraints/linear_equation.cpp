@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "solver/constraints/linear_support.h"
-
 namespace kiv {
 
 namespace {
@@ -12,21 +10,23 @@ const KivOmbiConstraintDescriptor descriptor("kiv::LinearEquation", 0, 0, true);
 
 }  // namespace
 
-LinearEquation::LinearEquation(std::vector<std::int64_t> coefficients, Int128 constant)
+LinearEquation::LinearEquation(std::vector<std::int64_t> coefficients, Int128 constant,
+                               std::uint64_t most_pairs)
     : KivOmbiConstraint(&descriptor),
       sum_(std::move(coefficients)),
       constant_(constant),
       limits_(sum_.LimitsOf(constant, constant)),
-      unit_sum_(sum_, constant) {}
+      unit_sum_(sum_, constant),
+      most_pairs_(most_pairs) {}
 
 std::int64_t LinearEquation::Filter(const KivOmbiObjectEnvironment& environment, std::int64_t) {
-  return NarrowToEqual(environment, sum_, limits_, unit_sum_);
+  return NarrowToEqual(environment, sum_, limits_, unit_sum_, most_pairs_);
 }
 
 KivOmbiConstraint::Cost LinearEquation::GetCost() const { return sum_.GetCost(); }
 
 std::int64_t LinearEquation::GetWakingEvents(unsigned, unsigned) const {
-  return WakingEventsOfEquation(sum_);
+  return WakingEventsOfEquation(sum_, most_pairs_);
 }
 
 bool LinearEquation::Holds(std::span<const std::int64_t> values) const {
@@ -34,18 +34,21 @@ bool LinearEquation::Holds(std::span<const std::int64_t> values) const {
 }
 
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, LinearSum& sum,
-                                  const LinearSum::Limits& limits, const UnitSum& unit_sum) {
-  if (const auto result = unit_sum.Narrow(environment)) return *result;
+                                  const LinearSum::Limits& limits, const UnitSum& unit_sum,
+                                  std::uint64_t most_pairs) {
+  if (most_pairs > 0) {
+    if (const auto result = unit_sum.Narrow(environment)) return *result;
+  }
   const auto result = sum.NarrowTo(environment, limits);
   const bool goes_on =
       (result & kKivAtFixpoint) != 0 && (result & (kKivEntailed | kKivOverflow)) == 0;
-  if (!goes_on || sum.Count() > kMostSupportedTerms) return result;
-  const auto supported = NarrowToSupported(environment, sum, limits);
+  if (!goes_on || most_pairs == 0 || sum.Count() > kMostSupportedTerms) return result;
+  const auto supported = NarrowToSupported(environment, sum, limits, most_pairs);
   return supported != 0 ? supported : result;
 }
 
-std::int64_t WakingEventsOfEquation(const LinearSum& sum) {
-  return sum.Count() <= kMostSupportedTerms ? kKivAnyEvent : kKivBounds;
+std::int64_t WakingEventsOfEquation(const LinearSum& sum, std::uint64_t most_pairs) {
+  return most_pairs > 0 && sum.Count() <= kMostSupportedTerms ? kKivAnyEvent : kKivBounds;
 }
 
 }  // namespace kiv

@@ -180,8 +180,20 @@ std::optional<KivOmbNetwork::ConstraintId> PostShort(KivOmbNetwork& network, con
   return std::nullopt;
 }
 
+std::uint64_t MostPairsFor(Strength strength) {
+  switch (strength) {
+    case Strength::kAutomatic:
+      return kMostPairs;
+    case Strength::kBounds:
+      return 0;
+    case Strength::kDomain:
+      break;
+  }
+  return kAllPairs;
+}
+
 KivOmbNetwork::ConstraintId Post(KivOmbNetwork& network, Form form,
-                                 std::optional<LinearTruth> truth) {
+                                 std::optional<LinearTruth> truth, Strength strength) {
   for (const WideTerm& term : form.terms) {
     Require<KivOmbiInteger>(network, term.variable, "integer");
   }
@@ -209,7 +221,8 @@ KivOmbNetwork::ConstraintId Post(KivOmbNetwork& network, Form form,
                                           form.constant, truth->reification);
   }
   if (form.relation == LinearRelation::kEqual) {
-    return network.Emplace<LinearEquation>(arguments, std::move(coefficients), form.constant);
+    return network.Emplace<LinearEquation>(arguments, std::move(coefficients), form.constant,
+                                           MostPairsFor(strength));
   }
   if (form.relation == LinearRelation::kUnequal) {
     return network.Emplace<LinearDisequality>(arguments, std::move(coefficients), form.constant);
@@ -227,19 +240,19 @@ void Append(Form& form, std::span<const LinearTerm> terms, int sign) {
 
 KivOmbNetwork::ConstraintId PostLinear(KivOmbNetwork& network, std::span<const LinearTerm> terms,
                                        LinearRelation relation, std::int64_t constant,
-                                       std::optional<LinearTruth> truth) {
+                                       std::optional<LinearTruth> truth, Strength strength) {
   Form form{{}, relation, constant};
   Append(form, terms, 1);
-  return Post(network, std::move(form), truth);
+  return Post(network, std::move(form), truth, strength);
 }
 
 KivOmbNetwork::ConstraintId PostLinear(KivOmbNetwork& network, const LinearExpression& left,
                                        LinearRelation relation, const LinearExpression& right,
-                                       std::optional<LinearTruth> truth) {
+                                       std::optional<LinearTruth> truth, Strength strength) {
   Form form{{}, relation, static_cast<Int128>(right.GetConstant()) - left.GetConstant()};
   Append(form, left.GetTerms(), 1);
   Append(form, right.GetTerms(), -1);
-  return Post(network, std::move(form), truth);
+  return Post(network, std::move(form), truth, strength);
 }
 
 }  // namespace kiv

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
+#include <optional>
 
+#include "framework/abstract_types/constraints/bilinear_values.h"
 #include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
 #include "solver/constraints/unit_sum_support.h"
@@ -94,7 +96,7 @@ template <class Wide>
 class Triples {
  public:
   Triples(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-          const LinearSum::Limits& limits)
+          const LinearSum::Limits& limits, std::uint64_t most_pairs)
       : environment_(environment), constant_(static_cast<Wide>(*limits.low)) {
     unsigned largest = 0;
     for (unsigned i = 1; i < sum.Count(); ++i) {
@@ -104,12 +106,12 @@ class Triples {
     unsigned next = kMostSupportedTerms - sum.Count();
     std::uint64_t pairs = 1;
     for (unsigned i = 0; i < sum.Count(); ++i) {
-      if (i != largest) pairs *= std::min(Size(i), kTooMany);
+      if (i != largest) pairs *= std::min(Size(i), most_pairs + 1);
       Column& column = i == largest ? Last() : columns_[next++];
       column.argument = i;
       column.coefficient = sum.GetCoefficients()[i];
     }
-    are_few_ = pairs <= kMostPairs;
+    are_few_ = pairs <= most_pairs;
     if (!are_few_) return;
     for (Column& column : columns_) {
       if (column.argument != kNotThere) column.Load(environment);
@@ -151,8 +153,6 @@ class Triples {
   }
 
  private:
-  static constexpr std::uint64_t kTooMany = kMostPairs + 1;
-
   Column& Last() { return columns_[kMostSupportedTerms - 1]; }
 
   std::uint64_t Size(unsigned argument) const {
@@ -254,29 +254,58 @@ bool HasNoGaps(const KivOmbiObjectEnvironment& environment, const LinearSum& sum
   return true;
 }
 
+// A sum of three terms that gives one of them, the one with the most values, a coefficient of 1 or
+// -1, says what that term is for each pair of the others. None, with nothing done, for other sums
+// and where there are too many pairs.
+std::optional<KivOmbiFilterResult> NarrowByPairs(const KivOmbiObjectEnvironment& environment,
+                                                 const LinearSum& sum, std::int64_t constant,
+                                                 std::uint64_t most_pairs) {
+  if (sum.Count() != 3 || !sum.IsNarrow()) return std::nullopt;
+  const auto count = [&](unsigned i) { return environment.Summary(i).cardinality; };
+  unsigned z = 2;
+  for (const unsigned i : {0u, 1u}) {
+    if (count(i) > count(z)) z = i;
+  }
+  const unsigned x = z == 0 ? 1 : 0;
+  const unsigned y = z == 2 ? 1 : 2;
+  const std::int64_t sign = sum.GetCoefficients()[z];
+  if (sign != 1 && sign != -1) return std::nullopt;
+  if (std::uint64_t{count(x)} * count(y) > most_pairs) return std::nullopt;
+  return NarrowBilinear(environment, x, y, z,
+                        {.constant = sign * constant,
+                         .of_x = -sign * sum.GetCoefficients()[x],
+                         .of_y = -sign * sum.GetCoefficients()[y]});
+}
+
 template <class Wide>
 KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
-                           const LinearSum::Limits& limits) {
-  Triples<Wide> triples(environment, sum, limits);
+                           const LinearSum::Limits& limits, std::uint64_t most_pairs) {
+  Triples<Wide> triples(environment, sum, limits, most_pairs);
   return triples.AreFew() ? triples.Narrow() : 0;
 }
 
 template <class Wide>
 bool IsPossible(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,
                 const LinearSum::Limits& limits) {
-  Triples<Wide> triples(environment, sum, limits);
+  Triples<Wide> triples(environment, sum, limits, kMostPairs);
   return !triples.AreFew() || triples.AreThereAny();
 }
 
 }  // namespace
 
 KivOmbiFilterResult NarrowToSupported(const KivOmbiObjectEnvironment& environment,
-                                      const LinearSum& sum, const LinearSum::Limits& limits) {
+                                      const LinearSum& sum, const LinearSum::Limits& limits,
+                                      std::uint64_t most_pairs) {
   if (HasNoGaps(environment, sum)) return 0;
-  if (const auto result = NarrowUnitSumToSupported(environment, sum, limits.narrow_low))
+  if (const auto result =
+          NarrowUnitSumToSupported(environment, sum, limits.narrow_low, most_pairs)) {
     return *result;
-  return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, limits)
-                        : Narrow<Int128>(environment, sum, limits);
+  }
+  if (const auto result = NarrowByPairs(environment, sum, limits.narrow_low, most_pairs)) {
+    return *result;
+  }
+  return sum.IsNarrow() ? Narrow<std::int64_t>(environment, sum, limits, most_pairs)
+                        : Narrow<Int128>(environment, sum, limits, most_pairs);
 }
 
 bool HasSupport(const KivOmbiObjectEnvironment& environment, const LinearSum& sum,

@@ -16,14 +16,18 @@ inline constexpr unsigned kMostSupportedTerms = 3;
 // runs (see sparse_sum of bench/linear.cpp).
 inline constexpr std::uint64_t kMostPairs = 4096;
 
+// All pairs of values of two domains that list them.
+inline constexpr std::uint64_t kAllPairs = 1024 * 1024;
+
 // sum = constant, both limits of it, of at most kMostSupportedTerms terms that are at their
 // fixpoint by bounds: keeps of each argument the values that are part of a solution over the
 // domains, as far as its kind can lose the others; of an argument with too many values to list, the
 // bounds of such values. An unknown argument takes its values from the others. Does nothing where
-// the two smaller domains have more than kMostPairs pairs of values. Once it ran, running again
+// the two smaller domains have more than `most_pairs` pairs of values. Once it ran, running again
 // would change nothing.
 KivOmbiFilterResult NarrowToSupported(const KivOmbiObjectEnvironment& environment,
-                                      const LinearSum& sum, const LinearSum::Limits& limits);
+                                      const LinearSum& sum, const LinearSum::Limits& limits,
+                                      std::uint64_t most_pairs);
 
 // Whether the same equation has a solution over the domains, where the bounds of the sum admit one;
 // true where that would take more than kMostPairs pairs of values.

@@ -165,7 +165,8 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment, const Li
 }  // namespace
 
 std::optional<KivOmbiFilterResult> NarrowUnitSumToSupported(
-    const KivOmbiObjectEnvironment& environment, const LinearSum& sum, std::int64_t constant) {
+    const KivOmbiObjectEnvironment& environment, const LinearSum& sum, std::int64_t constant,
+    std::uint64_t most_pairs) {
   if (sum.Count() < 2 || sum.Count() > 3 || !sum.HasUnitsOnly()) return std::nullopt;
   std::int64_t most_places = 0;
   for (unsigned i = 0; i < sum.Count(); ++i) {
@@ -177,7 +178,7 @@ std::optional<KivOmbiFilterResult> NarrowUnitSumToSupported(
   const TermOrder order = OrderOf(environment, sum.Count());
   const std::uint64_t pairs = std::uint64_t{std::max(CountValues(environment, order[0]), 1u)} *
                               CountValues(environment, order[1]);
-  if (pairs > kMostPairs) return std::nullopt;
+  if (pairs > most_pairs) return std::nullopt;
   return Narrow(environment, sum, constant, order);
 }
 

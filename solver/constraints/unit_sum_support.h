@@ -13,6 +13,7 @@ namespace kiv {
 // that one value of a term leaves for the others are found by shifting them. None, with nothing
 // done, for other sums, and where a kind does not list its values.
 std::optional<KivOmbiFilterResult> NarrowUnitSumToSupported(
-    const KivOmbiObjectEnvironment& environment, const LinearSum& sum, std::int64_t constant);
+    const KivOmbiObjectEnvironment& environment, const LinearSum& sum, std::int64_t constant,
+    std::uint64_t most_pairs);
 
 }  // namespace kiv

@@ -112,17 +112,7 @@ KivOmbiFilterResult RemoveValues(const KivOmbiObjectEnvironment& environment, un
   if (!near.empty() && IsBeforeOpenEnd(environment.Summary(i), near.front())) {
     near = near.subspan(1);
   }
-  if (near.empty()) return 0;
-  const bool possible = environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
-    const int result = environment.Kind(i)->RemoveValues(domain, near);
-    if (result != KivOmbiObjectDescriptor::kNotOffered) return result;
-    int changed = 0;
-    // Upwards for what goes at a lower bound, downwards for what goes at an upper one.
-    for (const std::int32_t value : near) changed |= domain.RemoveExactValue(value);
-    for (std::size_t k = near.size(); k-- > 0;) changed |= domain.RemoveExactValue(near[k]);
-    return changed;
-  });
-  return possible ? 0 : kKivContradiction;
+  return LoseValues(environment, i, near);
 }
 
 }  // namespace kiv

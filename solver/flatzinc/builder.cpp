@@ -204,12 +204,18 @@ void Builder::NoteOrigin(std::uint32_t offset) {
   origins_.resize(network_.CountConstraints(), offset);
 }
 
-const KivOmbiCompoundObjectDescriptor& Builder::FindRow(
-    std::string_view symbol, std::size_t operands, std::span<const VariableId> variables) const {
-  const bool over_sets = std::ranges::all_of(variables, [&](VariableId variable) {
+bool Builder::IsOverSets(std::span<const VariableId> variables, Strength strength) const {
+  if (strength != Strength::kAutomatic) return strength == Strength::kDomain;
+  return std::ranges::all_of(variables, [&](VariableId variable) {
     return network_.GetSummary(variable).cardinality <= kMostEnumerated;
   });
-  const std::vector kinds(operands, over_sets ? &enumerated_ : &interval_);
+}
+
+const KivOmbiCompoundObjectDescriptor& Builder::FindRow(std::string_view symbol,
+                                                        std::size_t operands,
+                                                        std::span<const VariableId> variables,
+                                                        Strength strength) const {
+  const std::vector kinds(operands, IsOverSets(variables, strength) ? &enumerated_ : &interval_);
   const KivOmbiCompoundObjectDescriptor* row = vocabulary_.GetOperators().Resolve(symbol, kinds);
   if (row == nullptr) {
     throw std::runtime_error("no module that is loaded has the operator '" + std::string(symbol) +
@@ -219,18 +225,19 @@ const KivOmbiCompoundObjectDescriptor& Builder::FindRow(
 }
 
 void Builder::PostOperator(std::string_view symbol, VariableId left, VariableId right,
-                           VariableId result) {
-  network_.Post(FindRow(symbol, 2, std::array{left, right, result}), left, right, result);
+                           VariableId result, Strength strength) {
+  network_.Post(FindRow(symbol, 2, std::array{left, right, result}, strength), left, right, result);
 }
 
-void Builder::PostOperator(std::string_view symbol, VariableId operand, VariableId result) {
-  network_.Post(FindRow(symbol, 1, std::array{operand, result}), operand, KivOmbNetwork::kNone,
-                result);
+void Builder::PostOperator(std::string_view symbol, VariableId operand, VariableId result,
+                           Strength strength) {
+  network_.Post(FindRow(symbol, 1, std::array{operand, result}, strength), operand,
+                KivOmbNetwork::kNone, result);
 }
 
 Builder::Relation Builder::MakeOperator(std::string_view symbol, VariableId left, VariableId right,
-                                        VariableId result) const {
-  const auto& row = FindRow(symbol, 2, std::array{left, right, result});
+                                        VariableId result, Strength strength) const {
+  const auto& row = FindRow(symbol, 2, std::array{left, right, result}, strength);
   Relation relation{Construct(row), std::vector<VariableId>(3)};
   relation.arguments[row.GetOrder().left] = left;
   relation.arguments[row.GetOrder().right] = right;
@@ -239,8 +246,8 @@ Builder::Relation Builder::MakeOperator(std::string_view symbol, VariableId left
 }
 
 Builder::Relation Builder::MakeOperator(std::string_view symbol, VariableId operand,
-                                        VariableId result) const {
-  const auto& row = FindRow(symbol, 1, std::array{operand, result});
+                                        VariableId result, Strength strength) const {
+  const auto& row = FindRow(symbol, 1, std::array{operand, result}, strength);
   Relation relation{Construct(row), std::vector<VariableId>(2)};
   relation.arguments[row.GetOrder().left] = operand;
   relation.arguments[row.GetOrder().result] = result;

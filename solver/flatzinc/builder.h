@@ -12,6 +12,7 @@
 
 #include "framework/base/export.h"
 #include "framework/networks/network.h"
+#include "solver/constraints/strength.h"
 #include "solver/flatzinc/domain.h"
 #include "solver/flatzinc/model.h"
 #include "solver/language/vocabulary.h"
@@ -54,11 +55,16 @@ class KIV_EXPORT Builder {
     return origins_[constraint];
   }
 
-  // Posts `left symbol right = result` by the row of the operator that suits the domains as they
-  // are: over sets where all three have at most 1024 values, else over bounds.
-  void PostOperator(std::string_view symbol, VariableId left, VariableId right, VariableId result);
+  // Whether to compute with the sets of values of the variables, not with their bounds alone, as
+  // `strength` says. If it leaves that open, where all have at most 1024 values as they are.
+  bool IsOverSets(std::span<const VariableId> variables, Strength strength) const;
+
+  // Posts `left symbol right = result` by a row of the operator: over sets or over bounds.
+  void PostOperator(std::string_view symbol, VariableId left, VariableId right, VariableId result,
+                    Strength strength);
   // The same for an operator with one operand.
-  void PostOperator(std::string_view symbol, VariableId operand, VariableId result);
+  void PostOperator(std::string_view symbol, VariableId operand, VariableId result,
+                    Strength strength);
 
   // A constraint that is not posted, and the arguments that it is meant for.
   struct Relation {
@@ -67,8 +73,9 @@ class KIV_EXPORT Builder {
   };
   // What PostOperator would post.
   Relation MakeOperator(std::string_view symbol, VariableId left, VariableId right,
-                        VariableId result) const;
-  Relation MakeOperator(std::string_view symbol, VariableId operand, VariableId result) const;
+                        VariableId result, Strength strength) const;
+  Relation MakeOperator(std::string_view symbol, VariableId operand, VariableId result,
+                        Strength strength) const;
 
  private:
   void UniteEqualVariables();
@@ -78,7 +85,8 @@ class KIV_EXPORT Builder {
   // noted as the one that will.
   std::optional<VariableId> FindLike(const Domain& domain, bool is_enumerated, VariableId variable);
   const KivOmbiCompoundObjectDescriptor& FindRow(std::string_view symbol, std::size_t operands,
-                                                 std::span<const VariableId> variables) const;
+                                                 std::span<const VariableId> variables,
+                                                 Strength strength) const;
 
   const Model& model_;
   const Vocabulary& vocabulary_;

@@ -28,6 +28,11 @@ bool Posting::HasAnnotation(std::string_view name) const {
   });
 }
 
+Strength Posting::GetStrength() const {
+  if (HasAnnotation("domain")) return Strength::kDomain;
+  return HasAnnotation("bounds") ? Strength::kBounds : Strength::kAutomatic;
+}
+
 bool Posting::IsConstant(Expression value) { return value.Is(Kind::kBool) || value.Is(Kind::kInt); }
 
 Posting::VariableId Posting::GetVariable(Expression value) const {
@@ -96,7 +101,7 @@ void Posting::Refuse(const std::string& text) const {
 void Posting::Relate(const LinearExpression& left, LinearRelation relation,
                      const LinearExpression& right, TruthForm form) const {
   try {
-    PostLinear(GetNetwork(), left, relation, right, GetTruth(form));
+    PostLinear(GetNetwork(), left, relation, right, GetTruth(form), GetStrength());
   } catch (const std::overflow_error&) {
     Refuse("has coefficients of one variable whose sum does not fit 64 bits");
   }

@@ -40,6 +40,9 @@ class KIV_EXPORT Posting {
 
   // Whether the constraint carries an annotation of this name.
   bool HasAnnotation(std::string_view name) const;
+  // How much the annotations ask for, by the names that `domain_propagation` and
+  // `bounds_propagation` have in FlatZinc.
+  Strength GetStrength() const;
 
   // Whether a boolean or integer argument, or an element of an array, is written as a constant.
   static bool IsConstant(Expression value);
@@ -72,7 +75,7 @@ class KIV_EXPORT Posting {
   std::uint32_t GetOffset() const noexcept { return constraint_.offset; }
   // Throws Error: "'name' text".
   [[noreturn]] void Refuse(const std::string& text) const;
-  // Posts `left relation right`, tied as `form` says.
+  // Posts `left relation right`, tied as `form` says, as strong as annotated.
   void Relate(const LinearExpression& left, LinearRelation relation, const LinearExpression& right,
               TruthForm form) const;
   // Posts a constraint of which it is known whether it holds.

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <span>
 
+#include "framework/abstract_types/constraints/narrowing.h"
 #include "framework/intervals/sub_int_base.h"
 
 namespace kiv {
@@ -53,18 +54,6 @@ void FindWithoutRoot(Values a, Values z, std::vector<std::int32_t>& lost) {
   }
 }
 
-bool Remove(const KivOmbiObjectEnvironment& environment, unsigned i,
-            std::span<const std::int32_t> lost) {
-  if (lost.empty()) return true;
-  return environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
-    const int result = environment.Kind(i)->RemoveValues(domain, lost);
-    if (result != KivOmbiObjectDescriptor::kNotOffered) return result;
-    int changed = 0;
-    for (const std::int32_t value : lost) changed |= domain.RemoveExactValue(value);
-    return changed;
-  });
-}
-
 }  // namespace
 
 bool AbsoluteValues::Suit(const KivOmbiObjectEnvironment& environment, unsigned a, unsigned z) {
@@ -77,10 +66,10 @@ KivOmbiFilterResult AbsoluteValues::Narrow(const KivOmbiObjectEnvironment& envir
                                            unsigned z) {
   lost_.clear();
   FindWithoutRoot(environment.Values(a), environment.Values(z), lost_);
-  if (!Remove(environment, z, lost_)) return kKivContradiction;
+  if (const auto result = LoseValues(environment, z, lost_)) return result;
   lost_.clear();
   FindWithoutAbsolute(environment.Values(a), environment.Values(z), lost_);
-  return Remove(environment, a, lost_) ? 0 : kKivContradiction;
+  return LoseValues(environment, a, lost_);
 }
 
 }  // namespace kiv

@@ -45,6 +45,7 @@ class KIV_EXPORT KivOmbiRemainderConstraint final : public KivOmbiOperatorConstr
   ~KivOmbiRemainderConstraint() override;
 
   std::int64_t Filter(const KivOmbiObjectEnvironment& environment, std::int64_t events) override;
+  std::int64_t GetWakingEvents(unsigned index, unsigned arguments) const override;
   bool Holds(std::span<const std::int64_t> values) const override;
 };
 

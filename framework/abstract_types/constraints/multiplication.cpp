@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "framework/abstract_types/constraints/arithmetic.h"
+#include "framework/abstract_types/constraints/bilinear_values.h"
 #include "framework/abstract_types/constraints/ground_truth.h"
 #include "framework/abstract_types/constraints/hull_narrowing.h"
 #include "framework/abstract_types/constraints/narrowing.h"
@@ -24,7 +25,10 @@ KivOmbiFilterResult NarrowProduct(const KivOmbiObjectEnvironment& environment,
           kiv::NarrowHulls(environment, std::array<unsigned, kArguments>{kZ, kX, kY}, settle)) {
     return result;
   }
-  if (!carrier.HoldsGaps()) return kKivAtFixpoint;
+  if (!carrier.HoldsGaps() || environment.AllFixed()) return kKivAtFixpoint;
+  if (const auto result = kiv::NarrowBilinear(environment, kX, kY, kZ, {.of_product = 1})) {
+    return *result != 0 ? *result : kKivAtFixpoint;
+  }
   if (const auto result = kiv::NarrowByOperation(
           environment, carrier, kZ,
           kiv::Product(kiv::HullOf(environment, kX), kiv::HullOf(environment, kY)),

@@ -137,6 +137,20 @@ KivOmbiFilterResult RemoveFromWithin(const KivOmbiObjectEnvironment& environment
       i, [&](KivOmbiInteger& domain) { return domain.RemoveExactValue(value); }));
 }
 
+KivOmbiFilterResult LoseValues(const KivOmbiObjectEnvironment& environment, unsigned i,
+                               std::span<const std::int32_t> lost) {
+  if (lost.empty()) return 0;
+  return Verdict(environment.NarrowInteger(i, [&](KivOmbiInteger& domain) {
+    const int result = environment.Kind(i)->RemoveValues(domain, lost);
+    if (result != KivOmbiObjectDescriptor::kNotOffered) return result;
+    int changed = 0;
+    // Upwards for what goes at a lower bound, downwards for what goes at an upper one.
+    for (const std::int32_t value : lost) changed |= domain.RemoveExactValue(value);
+    for (std::size_t k = lost.size(); k-- > 0;) changed |= domain.RemoveExactValue(lost[k]);
+    return changed;
+  }));
+}
+
 KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment, unsigned i) {
   environment.NarrowAny(i, [](KivOmbiAny& domain) {
     domain.SetNilValue();

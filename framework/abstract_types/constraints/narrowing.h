@@ -3,6 +3,7 @@
 #include <array>
 #include <concepts>
 #include <cstdint>
+#include <span>
 #include <utility>
 
 #include "framework/abstract_types/constraint.h"
@@ -70,6 +71,10 @@ inline KivOmbiFilterResult RemoveValue(const KivOmbiObjectEnvironment& environme
   if (value < summary.lower || value > summary.upper) return 0;
   return RemoveFromWithin(environment, i, value);
 }
+
+// Argument i loses `lost`, values of it, ascending, none of them before an open end.
+KIV_EXPORT KivOmbiFilterResult LoseValues(const KivOmbiObjectEnvironment& environment, unsigned i,
+                                          std::span<const std::int32_t> lost);
 
 // Makes argument i empty.
 KIV_EXPORT KivOmbiFilterResult Empty(const KivOmbiObjectEnvironment& environment, unsigned i);

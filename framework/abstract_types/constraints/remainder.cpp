@@ -12,6 +12,17 @@ enum Argument : unsigned { kX, kY, kZ, kArguments };
 const KivOmbiOperatorConstraintDescriptor<KivOmbiRemainderConstraint> remainder(
     "KivOmbiRemainderConstraint", kArguments, 0, true);
 
+// Whether each operation leaves exactly the values that are part of a solution: where all arguments
+// list theirs, and there are so few pairs that the kind can collect all remainders. What one
+// operation removes was no reason for another to keep anything then.
+bool AreExact(const KivOmbiObjectEnvironment& environment) {
+  constexpr std::uint64_t kMostCollected = 1024;
+  const std::uint64_t pairs =
+      std::uint64_t{environment.Summary(kX).cardinality} * environment.Summary(kY).cardinality;
+  return pairs <= kMostCollected && !environment.Values(kX).empty() &&
+         !environment.Values(kY).empty() && !environment.Values(kZ).empty();
+}
+
 // A fixed modulus is right as soon as there are dividends left for it, which are exact then.
 void NarrowBounds(std::array<kiv::Hull, kArguments>& hulls) {
   auto& [z, x, y] = hulls;
@@ -45,9 +56,15 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
   if (environment.IsSame(kX, kY)) return kiv::Assign(environment, kZ, 0);
   if (const auto result = NarrowToBounds(environment)) return result;
   // A modulus that was unknown may have got a 0 since it was removed.
-  if (!carrier.HoldsGaps()) return is_modulus_known ? kKivAtFixpoint : 0;
+  if (!carrier.HoldsGaps() || environment.AllFixed()) return is_modulus_known ? kKivAtFixpoint : 0;
+  const bool is_exact = is_modulus_known && AreExact(environment);
+  // The bounds are at rest: only an unknown argument has to hear more than its own.
+  const auto candidates = [&](unsigned i, auto&& compute) {
+    return environment.Summary(i).IsAny() ? compute() : hull(i);
+  };
   if (const auto result = kiv::NarrowByOperation(
-          environment, carrier, kZ, kiv::Remainder(hull(kX), hull(kY)),
+          environment, carrier, kZ,
+          candidates(kZ, [&] { return kiv::Remainder(hull(kX), hull(kY)); }),
           [](KivOmbiInteger& z, const KivOmbiInteger& x, const KivOmbiInteger& y) {
             return z.CalcModValue(x, y);
           },
@@ -55,19 +72,24 @@ KivOmbiFilterResult Narrow(const KivOmbiObjectEnvironment& environment,
     return result;
   }
   if (const auto result = kiv::NarrowByOperation(
-          environment, carrier, kX, kiv::Dividend(hull(kX), hull(kY), hull(kZ)),
+          environment, carrier, kX,
+          candidates(kX, [&] { return kiv::Dividend(hull(kX), hull(kY), hull(kZ)); }),
           [](KivOmbiInteger& x, const KivOmbiInteger& z, const KivOmbiInteger& y) {
             return z.CalcFirstInverseModValue(x, y);
           },
           kZ, kY)) {
     return result;
   }
-  return kiv::NarrowByOperation(
-      environment, carrier, kY, kiv::Modulus(hull(kX), hull(kY), hull(kZ)),
-      [](KivOmbiInteger& y, const KivOmbiInteger& z, const KivOmbiInteger& x) {
-        return z.CalcSecondInverseModValue(x, y);
-      },
-      kZ, kX);
+  if (const auto result = kiv::NarrowByOperation(
+          environment, carrier, kY,
+          candidates(kY, [&] { return kiv::Modulus(hull(kX), hull(kY), hull(kZ)); }),
+          [](KivOmbiInteger& y, const KivOmbiInteger& z, const KivOmbiInteger& x) {
+            return z.CalcSecondInverseModValue(x, y);
+          },
+          kZ, kX)) {
+    return result;
+  }
+  return is_exact ? kKivAtFixpoint : 0;
 }
 
 }  // namespace
@@ -83,6 +105,10 @@ std::int64_t KivOmbiRemainderConstraint::Filter(const KivOmbiObjectEnvironment& 
                                                 std::int64_t) {
   const auto result = Narrow(environment, GetCarrier());
   return kiv::IsEnd(result) ? result : result | Settle(environment);
+}
+
+std::int64_t KivOmbiRemainderConstraint::GetWakingEvents(unsigned, unsigned) const {
+  return GetCarrier().HoldsGaps() ? kKivAnyEvent : kKivBounds;
 }
 
 bool KivOmbiRemainderConstraint::Holds(std::span<const std::int64_t> values) const {

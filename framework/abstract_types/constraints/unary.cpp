@@ -120,7 +120,7 @@ KivOmbiAbsoluteConstraint::~KivOmbiAbsoluteConstraint() = default;
 
 std::int64_t KivOmbiAbsoluteConstraint::Filter(const KivOmbiObjectEnvironment& environment,
                                                std::int64_t) {
-  const bool by_values = kiv::AbsoluteValues::Suit(environment, kA, kZ);
+  const bool by_values = GetCarrier().HoldsGaps() && kiv::AbsoluteValues::Suit(environment, kA, kZ);
   const auto result =
       by_values ? values_.Narrow(environment, kA, kZ) : NarrowAbsolute(environment, GetCarrier());
   if (result != 0) return result;

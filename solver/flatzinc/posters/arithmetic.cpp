@@ -1,3 +1,7 @@
+#include <utility>
+#include <vector>
+
+#include "solver/constraints/extremum.h"
 #include "solver/constraints/truncated_power.h"
 #include "solver/flatzinc/poster_table.h"
 
@@ -33,8 +37,9 @@ void PostOperator(const Posting& posting, std::string_view symbol, TruthForm for
   const VariableId left = posting.GetVariable(0);
   const VariableId right = posting.GetVariable(1);
   const VariableId result = posting.GetVariable(2);
-  if (form == kPlain) return builder.PostOperator(symbol, left, right, result);
-  posting.Tie(builder.MakeOperator(symbol, left, right, result), form);
+  const Strength strength = posting.GetStrength();
+  if (form == kPlain) return builder.PostOperator(symbol, left, right, result, strength);
+  posting.Tie(builder.MakeOperator(symbol, left, right, result, strength), form);
 }
 
 template <Operator op, TruthForm form>
@@ -42,13 +47,25 @@ void Operate(const Posting& posting) {
   PostOperator(posting, SymbolOf(op), form);
 }
 
+// Over sets the class for any number of operands leaves no value without support, and sooner than
+// the operator.
+template <Extremum::Which which, TruthForm form>
+void TakeExtremum(const Posting& posting) {
+  std::vector variables = {posting.GetVariable(2), posting.GetVariable(0), posting.GetVariable(1)};
+  if (posting.GetBuilder().IsOverSets(variables, posting.GetStrength())) {
+    return posting.Emplace<Extremum>(form, std::move(variables), which);
+  }
+  Operate<which == Extremum::kLeast ? Operator::kLeast : Operator::kGreatest, form>(posting);
+}
+
 template <TruthForm form>
 void Absolute(const Posting& posting) {
   Builder& builder = posting.GetBuilder();
   const VariableId operand = posting.GetVariable(0);
   const VariableId result = posting.GetVariable(1);
-  if (form == kPlain) return builder.PostOperator("abs", operand, result);
-  posting.Tie(builder.MakeOperator("abs", operand, result), form);
+  const Strength strength = posting.GetStrength();
+  if (form == kPlain) return builder.PostOperator("abs", operand, result, strength);
+  posting.Tie(builder.MakeOperator("abs", operand, result, strength), form);
 }
 
 // z = x + sign * y
@@ -89,12 +106,12 @@ constexpr Poster kPosters[] = {
     {"int_mod", "iii", Operate<Operator::kRemainder, kPlain>},
     {"int_mod_reif", "iiib", Operate<Operator::kRemainder, kReified>},
     {"int_mod_imp", "iiib", Operate<Operator::kRemainder, kImplied>},
-    {"int_min", "iii", Operate<Operator::kLeast, kPlain>},
-    {"int_min_reif", "iiib", Operate<Operator::kLeast, kReified>},
-    {"int_min_imp", "iiib", Operate<Operator::kLeast, kImplied>},
-    {"int_max", "iii", Operate<Operator::kGreatest, kPlain>},
-    {"int_max_reif", "iiib", Operate<Operator::kGreatest, kReified>},
-    {"int_max_imp", "iiib", Operate<Operator::kGreatest, kImplied>},
+    {"int_min", "iii", TakeExtremum<Extremum::kLeast, kPlain>},
+    {"int_min_reif", "iiib", TakeExtremum<Extremum::kLeast, kReified>},
+    {"int_min_imp", "iiib", TakeExtremum<Extremum::kLeast, kImplied>},
+    {"int_max", "iii", TakeExtremum<Extremum::kGreatest, kPlain>},
+    {"int_max_reif", "iiib", TakeExtremum<Extremum::kGreatest, kReified>},
+    {"int_max_imp", "iiib", TakeExtremum<Extremum::kGreatest, kImplied>},
 
     {"int_pow", "iii", Raise<kPlain>},
     {"int_pow_reif", "iiib", Raise<kReified>},

@@ -7,8 +7,8 @@ namespace {
 
 // As it is annotated, or else as suits it.
 AllDifferentStrength StrengthOf(const Posting& posting) {
-  if (posting.HasAnnotation("domain")) return AllDifferentStrength::kDomain;
-  if (posting.HasAnnotation("bounds")) return AllDifferentStrength::kBounds;
+  if (posting.GetStrength() == Strength::kDomain) return AllDifferentStrength::kDomain;
+  if (posting.GetStrength() == Strength::kBounds) return AllDifferentStrength::kBounds;
   if (posting.HasAnnotation("value_propagation")) return AllDifferentStrength::kValues;
   return AllDifferentStrength::kAutomatic;
 }

@@ -34,7 +34,7 @@ struct Promise {
 
 const std::map<std::string_view, Promise> kPromises = {
     {"KivOmbiAdditionConstraint", {Strength::kDomain, Strength::kHull}},
-    {"KivOmbiMultiplicationConstraint", {Strength::kHull, Strength::kWeaker}},
+    {"KivOmbiMultiplicationConstraint", {Strength::kDomain, Strength::kWeaker}},
     {"KivOmbiPowerConstraint", {Strength::kDomain, Strength::kWeaker}},
     {"KivOmbiRemainderConstraint", {Strength::kDomain, Strength::kWeaker}},
     {"KivOmbiMinimumConstraint", {Strength::kHull, Strength::kHull}},

@@ -120,7 +120,9 @@ RandomText::Argument RandomText::PickSet(bool may_be_huge) {
 void RandomText::AddRelation(std::string_view name, std::vector<Argument> arguments) {
   const auto meaning = BuiltinMeaning::Find(name);
   if (!meaning) throw std::invalid_argument("no meaning of " + std::string(name));
-  constraints_.push_back({std::string(name), *meaning, std::move(arguments)});
+  static const std::vector<std::string> kAnnotations = {"", " :: domain", " :: bounds"};
+  constraints_.push_back(
+      {std::string(name), *meaning, std::move(arguments), PickOf(random_, kAnnotations)});
 }
 
 void RandomText::AddConstraint(std::string_view name) {
@@ -182,7 +184,7 @@ std::string RandomText::Write() const {
     for (const Argument& argument : constraint.arguments) {
       arguments += (arguments.empty() ? "" : ", ") + Write(argument);
     }
-    text += "constraint " + constraint.name + '(' + arguments + ");\n";
+    text += "constraint " + constraint.name + '(' + arguments + ')' + constraint.annotation + ";\n";
   }
   return text + "solve satisfy;\n";
 }

@@ -13,7 +13,8 @@
 namespace kiv::test {
 
 // A random FlatZinc model: a few variables with few values each, of all shapes of domains, and
-// builtin constraints over them, with constants and repeated variables among their arguments.
+// builtin constraints over them, with constants and repeated variables among their arguments, and
+// with annotations, which must not matter for the solutions.
 class RandomText {
  public:
   explicit RandomText(Generator& random);
@@ -47,6 +48,7 @@ class RandomText {
     std::string name;
     BuiltinMeaning meaning;
     std::vector<Argument> arguments;
+    std::string annotation;
   };
 
   void AddInteger();
