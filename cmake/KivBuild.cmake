@@ -18,9 +18,7 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
 find_program(KIV_CCACHE ccache)
 if(KIV_CCACHE)
-  # It also keeps what is compiled with precompiled headers.
-  set(CMAKE_CXX_COMPILER_LAUNCHER
-      "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${KIV_CCACHE}")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${KIV_CCACHE}")
 endif()
 
 add_library(kiv_build INTERFACE)
