@@ -53,10 +53,10 @@ TEST(Trace, TellsDecisionsAndContradictionsOfASearch) {
             "2 y: { 1, 2 } -> 1 by <stdin>:3:1: x = y\n"
             "2 y: 1 -> Nil by <stdin>:2:1: x <> y\n"
             "2 contradiction by <stdin>:2:1: x <> y\n"
-            "2 x: { 1, 2 } -> 2 by decision\n"
-            "2 y: { 1, 2 } -> 2 by <stdin>:3:1: x = y\n"
-            "2 y: 2 -> Nil by <stdin>:2:1: x <> y\n"
-            "2 contradiction by <stdin>:2:1: x <> y\n");
+            "1 x: { 1, 2 } -> 2 by decision\n"
+            "1 y: { 1, 2 } -> 2 by <stdin>:3:1: x = y\n"
+            "1 y: 2 -> Nil by <stdin>:2:1: x <> y\n"
+            "1 contradiction by <stdin>:2:1: x <> y\n");
 }
 
 TEST(Trace, GoesIntoAFile) {
