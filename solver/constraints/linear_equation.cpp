@@ -33,6 +33,19 @@ bool LinearEquation::Holds(std::span<const std::int64_t> values) const {
   return sum_.Of(values) == constant_;
 }
 
+namespace {
+
+bool Repeats(const KivOmbiObjectEnvironment& environment, unsigned terms) {
+  for (unsigned i = 1; i < terms; ++i) {
+    for (unsigned j = 0; j < i; ++j) {
+      if (environment.IsSame(i, j)) return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
 KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, LinearSum& sum,
                                   const LinearSum::Limits& limits, const UnitSum& unit_sum,
                                   std::uint64_t most_pairs) {
@@ -43,8 +56,9 @@ KivOmbiFilterResult NarrowToEqual(const KivOmbiObjectEnvironment& environment, L
   const bool goes_on =
       (result & kKivAtFixpoint) != 0 && (result & (kKivEntailed | kKivOverflow)) == 0;
   if (!goes_on || most_pairs == 0 || sum.Count() > kMostSupportedTerms) return result;
-  const auto supported = NarrowToSupported(environment, sum, limits, most_pairs);
-  return supported != 0 ? supported : result;
+  if (const auto ended = NarrowToSupported(environment, sum, limits, most_pairs)) return ended;
+  // What one term of a variable lost was no reason yet for the other one of it.
+  return Repeats(environment, sum.Count()) ? 0 : result;
 }
 
 std::int64_t WakingEventsOfEquation(const LinearSum& sum, std::uint64_t most_pairs) {
