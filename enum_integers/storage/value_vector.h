@@ -111,8 +111,8 @@ class KIV_EXPORT KivSVectorImp_SubIntBase {
     factor_ = 0.0;
     return data_;
   }
-  // Has the `count` values from `first` on again, which it had, and which were only cut since: taken
-  // away by Keep and Flush.
+  // Has the `count` values from `first` on again, which it had, and which were only cut since:
+  // taken away by Keep and Flush.
   void Uncover(const SubIntBase* first, unsigned count) noexcept {
     DropFront();
     MoveFront(static_cast<unsigned>(first - data_));
