@@ -255,8 +255,8 @@ bool HasNoGaps(const KivOmbiObjectEnvironment& environment, const LinearSum& sum
 }
 
 // A sum of three terms that gives one of them, the one with the most values, a coefficient of 1 or
-// -1, says what that term is for each pair of the others. None, with nothing done, for other sums
-// and where there are too many pairs.
+// -1, says what that term is for each pair of the others. None, with nothing done, for other sums,
+// where a variable stands in two terms and where there are too many pairs.
 std::optional<KivOmbiFilterResult> NarrowByPairs(const KivOmbiObjectEnvironment& environment,
                                                  const LinearSum& sum, std::int64_t constant,
                                                  std::uint64_t most_pairs) {
@@ -271,6 +271,9 @@ std::optional<KivOmbiFilterResult> NarrowByPairs(const KivOmbiObjectEnvironment&
   const std::int64_t sign = sum.GetCoefficients()[z];
   if (sign != 1 && sign != -1) return std::nullopt;
   if (std::uint64_t{count(x)} * count(y) > most_pairs) return std::nullopt;
+  if (environment.IsSame(x, y) || environment.IsSame(x, z) || environment.IsSame(y, z)) {
+    return std::nullopt;
+  }
   return NarrowBilinear(environment, x, y, z,
                         {.constant = sign * constant,
                          .of_x = -sign * sum.GetCoefficients()[x],
